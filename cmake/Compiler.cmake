@@ -44,7 +44,6 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
         -Wduplicated-cond
         -Wlogical-op
         -Wmismatched-tags
-        -Wredundant-tags
         -Wsuggest-override
         -Wvolatile
     )
