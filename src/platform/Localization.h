@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace marquell::platform {
+
+/// The user's text, in UTF-8, for an English one; the English text itself where none is installed.
+/// `context` is the kind of text ("button title"): it tells apart equal texts with different uses,
+/// and stands as `msgctxt` in the translation files. The language is the one of the process's
+/// locale (setlocale). May be called from any thread.
+std::string localized(std::string_view english, const char* context);
+
+}  // namespace marquell::platform

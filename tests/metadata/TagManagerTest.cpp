@@ -1,0 +1,263 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "metadata/TagManager.h"
+#include "platform/InstalledTranslation.h"
+
+namespace marquell::metadata {
+namespace {
+
+using testing::Each;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+using testing::UnorderedElementsAre;
+using Space = TagManager::DescriptiveTagSpace;
+using Source = MetadataSource;
+
+struct Expected {
+    Space space;
+    int ids;
+    int separators;
+    Source source;
+};
+
+constexpr Expected expectedSpaces[] = {
+    {Space::Basic, 12, 2, Source::basic},
+    {Space::Size, 4, 0, Source::basic},
+    {Space::Spotlight, 57, 6, Source::spotlight},
+    {Space::BasicImage, 6, 0, Source::imageIO},
+    {Space::EXIF, 46, 10, Source::imageIO},
+    {Space::GPS, 32, 10, Source::imageIO},
+    {Space::IPTCCommonUsage, 22, 5, Source::imageIO},
+    {Space::IPTCContactInfo, 9, 1, Source::imageIO},
+    {Space::IPTCIISLegacy, 27, 0, Source::imageIO},
+    {Space::AudioVisualCommon, 23, 4, Source::avKit},
+    {Space::ID3, 83, 10, Source::avKit},
+    {Space::Hashes, 5, 0, Source::hashes},
+};
+
+class TagManagerTest : public testing::Test {
+protected:
+    const TagManager& manager = TagManager::shared();
+};
+
+template <typename Rows>
+Rows withoutSeparators(Rows rows) {
+    std::erase(rows, "-");
+    return rows;
+}
+
+TEST_F(TagManagerTest, HoldsTheWholeCatalogue) {
+    EXPECT_EQ(manager.columnIDsToDescriptiveTagSpaceMapping.size(), 326);
+    EXPECT_EQ(manager.metaDataKeysToSourceMapping.size(), 325);
+    EXPECT_EQ(manager.columnNameTranslations.size(), 328);
+    EXPECT_EQ(manager.columnIDs.size(), 332);
+    EXPECT_EQ(std::ranges::count(manager.columnIDs, "-"), 4);
+    ASSERT_EQ(manager.columnIDsByCategory.size(), std::size(expectedSpaces));
+    for (const Expected& expected : expectedSpaces) {
+        SCOPED_TRACE(caseName(expected.space));
+        const auto& menu = manager.columnIDsByCategory[static_cast<std::size_t>(expected.space)];
+        EXPECT_EQ(std::ssize(menu), expected.ids + expected.separators);
+        EXPECT_EQ(std::ranges::count(menu, "-"), expected.separators);
+    }
+    EXPECT_EQ(manager.columnIDsByCategory[7].front(), "-");
+}
+
+TEST_F(TagManagerTest, MenusSpacesAndSourcesAgree) {
+    const std::set<std::string_view> ofTheNode{"name", "absolute_path", "absolute_parent_path",
+                                               "extension"};
+    auto sources = manager.metaDataKeysToSourceMapping;
+    for (const Expected& expected : expectedSpaces) {
+        SCOPED_TRACE(caseName(expected.space));
+        const int raw = static_cast<int>(expected.space);
+        const auto& ids = manager.columnIDArrayForDescriptiveTag.at(expected.space);
+        EXPECT_EQ(ids, withoutSeparators(
+                           manager.columnIDsByCategory[static_cast<std::size_t>(expected.space)]));
+        EXPECT_TRUE(std::ranges::equal(ids, manager.columns(raw)));
+        for (const auto id : ids) {
+            SCOPED_TRACE(id);
+            EXPECT_EQ(manager.columnIDsToDescriptiveTagSpaceMapping.at(id), expected.space);
+            EXPECT_EQ(manager.source(id), ofTheNode.contains(id)
+                                              ? std::nullopt
+                                              : std::optional<Source>(expected.source));
+            sources.erase(id);
+        }
+    }
+    EXPECT_THAT(sources, UnorderedElementsAre(std::pair("size", Source::basic),
+                                              std::pair("layernames", Source::spotlight),
+                                              std::pair("iptc_star_rating", Source::imageIO)));
+    EXPECT_THAT(manager.keysWithoutTagSpace, ElementsAre("size", "layernames", "iptc_star_rating"));
+}
+
+TEST_F(TagManagerTest, TagTableHoldsEveryNamedIdOnce) {
+    const auto rows = withoutSeparators(manager.columnIDs);
+    const std::set<std::string_view> distinct(rows.begin(), rows.end());
+    EXPECT_EQ(distinct.size(), rows.size());
+    std::set<std::string_view> named;
+    for (const auto& [id, name] : manager.columnNameTranslations) named.insert(id);
+    EXPECT_EQ(distinct, named);
+    std::vector<std::string_view> afterSeparators;
+    for (std::size_t i = 1; i < manager.columnIDs.size(); ++i) {
+        if (manager.columnIDs[i - 1] == "-") afterSeparators.push_back(manager.columnIDs[i]);
+    }
+    EXPECT_THAT(afterSeparators, ElementsAre("iptc_keywords", "iptc_date_created", "iptc_city",
+                                             "iptc_originating_program"));
+}
+
+TEST_F(TagManagerTest, CategoriesAreTheTagSpacesWithSeparators) {
+    EXPECT_THAT(manager.localizedTagCategories,
+                ElementsAre("Basic", "Size", "-", "Spotlight", "-", "Image", "EXIF", "GPS", "-",
+                            "IPTC (Common Usage)", "IPTC (Contact Info)", "IPTC (IIM Legacy)", "-",
+                            "Audio Visual (Common)", "ID3", "-", "Hashes"));
+    EXPECT_THAT(
+        manager.localizedBriefTagCategories,
+        ElementsAre("Basic", "Size", "-", "Spotlight", "-", "Image", "EXIF", "GPS", "-", "IPTC",
+                    "IPTC (Contact)", "IPTC (Legacy)", "-", "AV", "ID3", "-", "Hashes"));
+}
+
+/// The letters and digits of a name, or of an id without its family, in lower case.
+std::string bareText(std::string_view text) {
+    for (const std::string_view family : {"exif_", "gps_", "iptc_", "id3_", "av_", "image_"}) {
+        if (text.starts_with(family)) {
+            text.remove_prefix(family.size());
+            break;
+        }
+    }
+    std::string bare;
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (c != '_' && c != ' ') bare += static_cast<char>(std::tolower(byte));
+    }
+    return bare;
+}
+
+TEST_F(TagManagerTest, NamesReadTheIdsAloudButFor64) {
+    int different = 0;
+    for (const auto& [id, name] : manager.columnNameTranslations) {
+        SCOPED_TRACE(id);
+        if (bareText(name) != bareText(id)) {
+            ++different;
+            continue;
+        }
+        bool wordBegins = true;
+        for (const char c : name) {
+            EXPECT_FALSE(wordBegins && !std::isupper(static_cast<unsigned char>(c)) &&
+                         !std::isdigit(static_cast<unsigned char>(c)))
+                << name;
+            wordBegins = c == ' ';
+        }
+    }
+    EXPECT_EQ(different, 64);
+}
+
+TEST_F(TagManagerTest, NamesSplitWordsAndKeepAcronyms) {
+    constexpr std::array<std::pair<const char*, const char*>, 22> samples{{
+        {"contentcreationdate", "Content Creation Date"},
+        {"contenttype", "Content Type"},
+        {"stateorprovince", "State Or Province"},
+        {"bitspersample", "Bits Per Sample"},
+        {"audiobitrate", "Audio Bit Rate"},
+        {"timestamp", "Timestamp"},
+        {"gps_time_stamp", "Time Stamp"},
+        {"fnumber", "F Number"},
+        {"isospeed", "ISO Speed"},
+        {"exif_iso_speed", "ISO Speed"},
+        {"exifgpsversion", "EXIF GPS Version"},
+        {"gpstrack", "GPS Track"},
+        {"resolutionwidthdpi", "Resolution Width DPI"},
+        {"image_dpi_width", "DPI Width"},
+        {"size_in_kb", "Size In KB"},
+        {"duration_hh_mm_ss", "Duration HH MM SS"},
+        {"exif_image_unique_id", "Image Unique Id"},
+        {"iptc_contact_info_web_urls", "Contact Info Web URLs"},
+        {"iptc_caption_abstract", "Description/ Caption"},
+        {"id3_relative_volume_adjustment2", "Relative Volume Adjustment 2"},
+        {"layernames", "Layer Names"},
+        {"iptc_star_rating", "Star Rating"},
+    }};
+    for (const auto& [id, name] : samples) EXPECT_EQ(manager.displayName(id), name) << id;
+}
+
+TEST_F(TagManagerTest, DecoratesTitlesOfSpacesWithAnAbbreviation) {
+    EXPECT_EQ(manager.decoratedTitle("exif_lens_model"), "Lens Model (EXIF)");
+    EXPECT_EQ(manager.decoratedTitle("lensmodel"), "Lens Model (Spotlight)");
+    EXPECT_EQ(manager.decoratedTitle("image_pixel_width"), "Pixel Width (Image)");
+    EXPECT_EQ(manager.decoratedTitle("iptc_urgency"), "Urgency (IPTC)");
+    EXPECT_EQ(manager.decoratedTitle("av_title"), "Title (AV)");
+    EXPECT_EQ(manager.decoratedTitle("name"), "Name (with file extension)");
+    EXPECT_EQ(manager.decoratedTitle("size_in_mb"), "Size In MB");
+    EXPECT_EQ(manager.decoratedTitle("layernames"), "Layer Names");
+}
+
+TEST_F(TagManagerTest, UnknownIdsAndSpacesHaveNothing) {
+    for (const std::string_view id : {"size", "-", "", "NAME", "exif_retired_column"}) {
+        EXPECT_EQ(manager.displayName(id), id);
+        EXPECT_EQ(manager.abbreviation(id), std::nullopt) << id;
+        EXPECT_EQ(manager.decoratedTitle(id), id);
+    }
+    EXPECT_EQ(manager.source("-"), std::nullopt);
+    EXPECT_EQ(manager.source("exif_retired_column"), std::nullopt);
+    for (const int raw : {-1, 12}) {
+        EXPECT_THAT(manager.columns(raw), IsEmpty());
+        EXPECT_EQ(manager.localizedAbbreviation(static_cast<Space>(raw)), std::nullopt);
+        EXPECT_EQ(caseName(static_cast<Space>(raw)), "");
+    }
+}
+
+template <typename Cases>
+void expectCasesInRawOrder(const Cases& cases) {
+    std::set<std::string_view> names;
+    for (std::size_t raw = 0; raw < cases.size(); ++raw) {
+        EXPECT_EQ(static_cast<std::size_t>(cases[raw]), raw);
+        names.insert(caseName(cases[raw]));
+    }
+    EXPECT_EQ(names.size(), cases.size());
+    EXPECT_THAT(names, Each(Not(IsEmpty())));
+}
+
+TEST(CatalogueEnumerations, ListTheirCasesByRawValue) {
+    expectCasesInRawOrder(allDescriptiveTagSpaces);
+    expectCasesInRawOrder(allMetadataSources);
+}
+
+TEST(TagManagerTranslation, LooksTextsUpByTheirKind) {
+    const tests::InstalledTranslation german{
+        {"column display name", "Lens Model", "Objektiv"},
+        {"column display name (exif)", "Lens Model", "Objektivmodell"},
+        {"column display name (gps)", "Version", "GPS-Version"},
+        {"column display name (iptc)", "Star Rating", "Sterne"},
+        {"column display name (av)", "Title", "Titel"},
+        {"column display name (id3)", "Title", "Liedtitel"},
+        {"column display name (hashes)", "MD5 Hash", "MD5-Prüfsumme"},
+        {"Descriptive Tag Space Abbreviation", "Hashes", "Prüf."},
+        {"tag category name", "Hashes", "Prüfsummen"},
+        {"tag category name", "AV", "Ton"},
+        {"tag category name", "-", "nie"},
+    };
+    const TagManager manager;
+    EXPECT_EQ(manager.displayName("lensmodel"), "Objektiv");
+    EXPECT_EQ(manager.displayName("exif_lens_model"), "Objektivmodell");
+    EXPECT_EQ(manager.displayName("gps_version"), "GPS-Version");
+    EXPECT_EQ(manager.displayName("version"), "Version");
+    EXPECT_EQ(manager.displayName("iptc_star_rating"), "Sterne");
+    EXPECT_EQ(manager.displayName("av_title"), "Titel");
+    EXPECT_EQ(manager.displayName("id3_title_description"), "Liedtitel");
+    EXPECT_EQ(manager.decoratedTitle("md5"), "MD5-Prüfsumme (Prüf.)");
+    EXPECT_EQ(manager.localizedTagCategories[16], "Prüfsummen");
+    EXPECT_EQ(manager.localizedTagCategories[2], "-");
+    EXPECT_EQ(manager.localizedBriefTagCategories[13], "Ton");
+}
+
+}  // namespace
+}  // namespace marquell::metadata
