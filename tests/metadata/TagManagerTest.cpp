@@ -254,9 +254,9 @@ TEST(TagManagerTranslation, LooksTextsUpByTheirKind) {
     EXPECT_EQ(manager.displayName("av_title"), "Titel");
     EXPECT_EQ(manager.displayName("id3_title_description"), "Liedtitel");
     EXPECT_EQ(manager.decoratedTitle("md5"), "MD5-Prüfsumme (Prüf.)");
-    EXPECT_EQ(manager.localizedTagCategories[16], "Prüfsummen");
-    EXPECT_EQ(manager.localizedTagCategories[2], "-");
-    EXPECT_EQ(manager.localizedBriefTagCategories[13], "Ton");
+    EXPECT_EQ(manager.localizedTagCategories.at(16), "Prüfsummen");
+    EXPECT_EQ(manager.localizedTagCategories.at(2), "-");
+    EXPECT_EQ(manager.localizedBriefTagCategories.at(13), "Ton");
 }
 
 }  // namespace

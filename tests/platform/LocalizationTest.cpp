@@ -16,6 +16,7 @@ TEST(Localization, TranslatesByContextAndElseKeepsTheEnglish) {
             {"label", "Format", "Formatierung"},
             {"button title", "Format", "Größe"},
             {"label", longText.c_str(), "kurz"},
+            {"label", "", "nichts"},
         };
         EXPECT_EQ(localized("Format", "label"), "Formatierung");
         EXPECT_EQ(localized("Format", "button title"), "Größe");
@@ -24,7 +25,6 @@ TEST(Localization, TranslatesByContextAndElseKeepsTheEnglish) {
         EXPECT_EQ(localized("Formats", "label"), "Formats");
         // The part of a longer text, which has no terminating zero of its own.
         EXPECT_EQ(localized(std::string_view("Formats").substr(0, 6), "label"), "Formatierung");
-        // The catalogue's own header is what gettext holds for an empty text.
         EXPECT_EQ(localized("", "label"), "");
     }
     EXPECT_EQ(localized("Format", "label"), "Format");
