@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/AtomicFile.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <climits>
+#include <memory>
+#include <optional>
+#include <random>
+
+#include "platform/FileDescriptor.h"
+#include "platform/Path.h"
+
+namespace marquell::platform {
+namespace {
+
+constexpr std::size_t maximumLinks = 40;  // as the kernel's own limit
+
+/// The target of a link chain, the last name of which may not exist yet. Absent on a loop.
+std::optional<std::string> resolveLinks(std::string path) {
+    for (std::size_t links = 0; links < maximumLinks; ++links) {
+        std::string target(PATH_MAX, '\0');
+        const ssize_t length = ::readlink(path.c_str(), target.data(), target.size());
+        if (length < 0) return path;
+        target.resize(static_cast<std::size_t>(length));
+        if (target.starts_with('/')) {
+            path = target;
+        } else {
+            const std::size_t slash = path.rfind('/');
+            path.replace(slash == std::string::npos ? 0 : slash + 1, std::string::npos, target);
+        }
+    }
+    return std::nullopt;
+}
+
+std::string folderOf(const std::string& path) {
+    const std::size_t slash = path.rfind('/');
+    if (slash == std::string::npos) return ".";
+    return path.substr(0, std::max<std::size_t>(slash, 1));
+}
+
+int writeStraight(const std::string& path, std::string_view bytes) {
+    FileDescriptor file(::open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY));
+    if (!file.isOpen()) return errno;
+    const int error = writeAll(file.get(), bytes);
+    return ::close(file.release()) != 0 && error == 0 ? errno : error;
+}
+
+/// A file of a name of its own in the target's folder, gone again unless it is renamed.
+class TemporaryFile {
+public:
+    explicit TemporaryFile(const std::string& target)
+        : folder_(::open(folderOf(target).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)),
+          targetName_(lastPathComponent(target)) {
+        std::random_device random;
+        for (int attempt = 0; folder_.isOpen() && attempt < 100; ++attempt) {
+            // The name is cut so that it fits whatever the length of the target's.
+            name_ = "." + targetName_.substr(0, 200) + "." + std::to_string(random());
+            constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
+            file_ = FileDescriptor(::openat(folder_.get(), name_.c_str(), flags, 0600));
+            if (file_.isOpen() || errno != EEXIST) break;
+        }
+        error_ = file_.isOpen() ? 0 : errno;
+    }
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+    ~TemporaryFile() {
+        if (error_ == 0 && !renamed_) ::unlinkat(folder_.get(), name_.c_str(), 0);
+    }
+
+    /// errno of the creation; the other operations need 0.
+    int error() const { return error_; }
+
+    int write(std::string_view bytes) const {
+        if (const int error = writeAll(file_.get(), bytes); error != 0) return error;
+        return ::fsync(file_.get()) != 0 ? errno : 0;
+    }
+
+    /// Gives the file the owner and mode of `old`. An owner that we may not set stays ours, and
+    /// then no set-id bit may come along.
+    int takeModeOf(const struct stat& old) const {
+        const bool sameOwner = ::fchown(file_.get(), old.st_uid, old.st_gid) == 0;
+        const mode_t mode = old.st_mode & (sameOwner ? 07777 : 0777);
+        return ::fchmod(file_.get(), mode) != 0 ? errno : 0;
+    }
+
+    int takeModeOfNewFile() const {
+        const mode_t mask = ::umask(0);
+        ::umask(mask);
+        return ::fchmod(file_.get(), 0666 & ~mask) != 0 ? errno : 0;
+    }
+
+    int rename() {
+        if (::close(file_.release()) != 0) return errno;
+        if (::renameat(folder_.get(), name_.c_str(), folder_.get(), targetName_.c_str()) != 0) {
+            return errno;
+        }
+        renamed_ = true;
+        // The file is in place; whether the folder's own entry is durable is the disk's affair.
+        const FileDescriptor folder(
+            ::openat(folder_.get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        if (folder.isOpen()) ::fsync(folder.get());
+        return 0;
+    }
+
+private:
+    FileDescriptor folder_;
+    std::string targetName_;
+    std::string name_;
+    FileDescriptor file_;
+    int error_ = 0;
+    bool renamed_ = false;
+};
+
+int replaceFile(const std::string& path, const struct stat* old, std::string_view bytes) {
+    TemporaryFile file(path);
+    if (file.error() != 0) return file.error();
+    if (const int error = file.write(bytes); error != 0) return error;
+    const int modeError = old != nullptr ? file.takeModeOf(*old) : file.takeModeOfNewFile();
+    return modeError != 0 ? modeError : file.rename();
+}
+
+}  // namespace
+
+int writeAll(int descriptor, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
+        if (written < 0 && errno != EINTR) return errno;
+        if (written > 0) bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return 0;
+}
+
+int writeFileAtomically(const std::string& path, std::string_view bytes) {
+    struct stat old = {};
+    if (::stat(path.c_str(), &old) == 0) {
+        if (S_ISDIR(old.st_mode)) return EISDIR;
+        if (!S_ISREG(old.st_mode)) return writeStraight(path, bytes);
+    } else if (errno != ENOENT) {
+        return errno;
+    }
+    const std::optional<std::string> target = resolveLinks(path);
+    if (!target) return ELOOP;
+    return replaceFile(*target, old.st_mode != 0 ? &old : nullptr, bytes);
+}
+
+}  // namespace marquell::platform

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace marquell::platform {
+
+/// Writes all of `bytes` to an open descriptor, through short writes and interruptions. Returns 0
+/// or errno.
+int writeAll(int descriptor, std::string_view bytes);
+
+/// Puts `bytes` at `path` whole or not at all. A regular file, or a new one, is written beside the
+/// target under a temporary name, synced and renamed over it; the mode of an old file is kept and
+/// links are followed. A FIFO or device is written straight. Returns 0 or errno; after a failure
+/// the old file stands and nothing else is left behind.
+int writeFileAtomically(const std::string& path, std::string_view bytes);
+
+}  // namespace marquell::platform

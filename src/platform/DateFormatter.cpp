@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/DateFormatter.h"
+
+#include <unicode/datefmt.h>
+#include <unicode/timezone.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+#include "platform/IcuLocale.h"
+
+namespace marquell::platform {
+namespace {
+
+void appendPadded(std::string& text, std::int64_t value, std::size_t width) {
+    std::array<char, 20> digits{};
+    const auto end = std::to_chars(digits.begin(), digits.end(), value < 0 ? -value : value).ptr;
+    const auto length = static_cast<std::size_t>(end - digits.begin());
+    if (value < 0) text.push_back('-');
+    text.append(width > length ? width - length : 0, '0').append(digits.data(), length);
+}
+
+void appendDate(std::string& text, const CivilTime& civil) {
+    appendPadded(text, civil.year, 4);
+    text.push_back('-');
+    appendPadded(text, civil.month, 2);
+    text.push_back('-');
+    appendPadded(text, civil.day, 2);
+}
+
+void appendTime(std::string& text, const CivilTime& civil, unsigned hour) {
+    text.push_back(' ');
+    appendPadded(text, hour, 2);
+    text.push_back(':');
+    appendPadded(text, civil.minute, 2);
+    text.push_back(':');
+    appendPadded(text, civil.second, 2);
+}
+
+}  // namespace
+
+/// The locale's medium date and short time, of a clock that is already local.
+class DateFormatter::LocaleFormat {
+public:
+    LocaleFormat()
+        : format_(icu::DateFormat::createDateTimeInstance(
+              icu::DateFormat::kMedium, icu::DateFormat::kShort, icuLocale("LC_TIME"))) {
+        if (format_ != nullptr) format_->setTimeZone(*icu::TimeZone::getGMT());
+    }
+
+    void append(std::string& text, std::int64_t localSeconds) const {
+        if (format_ == nullptr) return;
+        icu::UnicodeString formatted;
+        format_->format(static_cast<UDate>(localSeconds) * U_MILLIS_PER_SECOND, formatted);
+        // Some locales put U+202F before AM and PM, which no legacy encoding has.
+        formatted.findAndReplace(icu::UnicodeString(char16_t(0x202F)), icu::UnicodeString(u' '));
+        formatted.toUTF8String(text);
+    }
+
+private:
+    std::unique_ptr<icu::DateFormat> format_;
+};
+
+DateFormatter::DateFormatter(DateStyle style) : style_(style) {
+    if (style == DateStyle::mediumDateShortTime) localeFormat_ = std::make_unique<LocaleFormat>();
+}
+
+DateFormatter::~DateFormatter() = default;
+
+void DateFormatter::append(std::string& text, const Date& date) {
+    // The clamp keeps the sum in range; such dates are far outside of what a clock could show.
+    constexpr std::int64_t limit = INT64_MAX - 2 * 86400;
+    const std::int64_t seconds = std::clamp(date.seconds, -limit, limit);
+    const std::int64_t local = seconds + zone_.offsetAt(seconds);
+    if (style_ == DateStyle::mediumDateShortTime) {
+        localeFormat_->append(text, local);
+        return;
+    }
+    const CivilTime civil = civilTime(local);
+    appendDate(text, civil);
+    if (style_ == DateStyle::dateAndTime) appendTime(text, civil, civil.hour);
+    if (style_ == DateStyle::dateAndTimeWithAmPm) {
+        appendTime(text, civil, civil.hour % 12 == 0 ? 12 : civil.hour % 12);
+        text.append(civil.hour < 12 ? " AM" : " PM");
+    }
+}
+
+}  // namespace marquell::platform

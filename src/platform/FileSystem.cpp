@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/FileSystem.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/xattr.h>
+
+#include <cerrno>
+#include <climits>
+#include <cstring>
+#include <memory>
+
+namespace marquell::platform {
+namespace {
+
+/// A path as the kernel takes it: what is left of it below an open folder, or all of it below
+/// AT_FDCWD when it is short enough.
+struct ReachedPath {
+    FileDescriptor folder;
+    const char* rest = nullptr;
+    int error = 0;
+
+    int base() const { return folder.isOpen() ? folder.get() : AT_FDCWD; }
+};
+
+/// Length of the longest run of whole components at the start of `rest` that one call can take.
+std::size_t pieceLength(std::string_view rest) {
+    const std::size_t slash = rest.rfind('/', PATH_MAX - 2);
+    return slash == std::string_view::npos ? 0 : slash;
+}
+
+ReachedPath reach(const std::string& path) {
+    ReachedPath reached;
+    reached.rest = path.c_str();
+    std::string_view rest = path;
+    while (rest.size() >= PATH_MAX) {
+        const std::size_t length = pieceLength(rest);
+        if (length == 0) {
+            reached.error = ENAMETOOLONG;
+            return reached;
+        }
+        const std::string piece(rest.substr(0, length));
+        FileDescriptor next(
+            ::openat(reached.base(), piece.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+        if (!next.isOpen()) {
+            reached.error = errno;
+            return reached;
+        }
+        reached.folder = std::move(next);
+        rest.remove_prefix(length + 1);
+        reached.rest = rest.data();
+    }
+    return reached;
+}
+
+bool statxAt(const ReachedPath& path, int flags, unsigned mask, struct statx& result, int& error) {
+    if (path.error != 0) {
+        error = path.error;
+        return false;
+    }
+    if (::statx(path.base(), path.rest, flags | AT_STATX_SYNC_AS_STAT, mask, &result) != 0) {
+        error = errno;
+        return false;
+    }
+    return true;
+}
+
+Date dateOf(const struct statx_timestamp& timestamp) {
+    return {timestamp.tv_sec, timestamp.tv_nsec};
+}
+
+DirectoryEntryKind kindOfEntry(int folder, const dirent& entry) {
+    switch (entry.d_type) {
+        case DT_DIR:
+            return DirectoryEntryKind::folder;
+        case DT_LNK:
+            return DirectoryEntryKind::link;
+        case DT_UNKNOWN:
+            break;
+        default:
+            return DirectoryEntryKind::other;
+    }
+    struct stat status = {};
+    if (::fstatat(folder, entry.d_name, &status, AT_SYMLINK_NOFOLLOW) != 0) {
+        return DirectoryEntryKind::other;
+    }
+    if (S_ISDIR(status.st_mode)) return DirectoryEntryKind::folder;
+    return S_ISLNK(status.st_mode) ? DirectoryEntryKind::link : DirectoryEntryKind::other;
+}
+
+bool isSelfOrParent(const char* name) {
+    return name[0] == '.' && (name[1] == 0 || (name[1] == '.' && name[2] == 0));
+}
+
+/// The attribute's value through `read`, which is one of the getxattr family.
+std::optional<std::string> readAttribute(const std::function<ssize_t(char*, size_t)>& read,
+                                         int& error) {
+    std::string value(256, '\0');
+    for (;;) {
+        const ssize_t length = read(value.data(), value.size());
+        if (length >= 0) {
+            value.resize(static_cast<std::size_t>(length));
+            return value;
+        }
+        if (errno != ERANGE || value.size() > XATTR_SIZE_MAX) {
+            error = errno;
+            return std::nullopt;
+        }
+        value.resize(value.size() * 4);
+    }
+}
+
+}  // namespace
+
+EntryKind kindOf(const std::string& path) {
+    struct statx status = {};
+    int error = 0;
+    if (!statxAt(reach(path), 0, STATX_TYPE, status, error)) return EntryKind::missing;
+    return S_ISDIR(status.stx_mode) ? EntryKind::folder : EntryKind::other;
+}
+
+bool entryExists(const std::string& path, int& error) {
+    struct statx status = {};
+    return statxAt(reach(path), AT_SYMLINK_NOFOLLOW, STATX_TYPE, status, error);
+}
+
+std::optional<EntryAttributes> attributesOf(const std::string& path, int& error) {
+    struct statx status = {};
+    constexpr unsigned wanted = STATX_SIZE | STATX_MTIME | STATX_BTIME;
+    if (!statxAt(reach(path), AT_SYMLINK_NOFOLLOW, wanted, status, error)) return std::nullopt;
+    EntryAttributes attributes;
+    attributes.size = static_cast<std::int64_t>(status.stx_size);
+    if ((status.stx_mask & STATX_BTIME) != 0) attributes.creation = dateOf(status.stx_btime);
+    if ((status.stx_mask & STATX_MTIME) != 0) attributes.modification = dateOf(status.stx_mtime);
+    return attributes;
+}
+
+FileDescriptor openPath(const std::string& path, int flags, int& error) {
+    const ReachedPath reached = reach(path);
+    if (reached.error != 0) {
+        error = reached.error;
+        return {};
+    }
+    FileDescriptor opened(::openat(reached.base(), reached.rest, flags | O_CLOEXEC));
+    if (!opened.isOpen()) error = errno;
+    return opened;
+}
+
+std::optional<std::string> extendedAttribute(const std::string& path, const char* name,
+                                             int& error) {
+    if (path.size() < PATH_MAX) {
+        return readAttribute(
+            [&](char* buffer, size_t size) { return ::getxattr(path.c_str(), name, buffer, size); },
+            error);
+    }
+    // There is no getxattrat before Linux 6.13, and fgetxattr refuses O_PATH descriptors, which
+    // are the only ones that open without touching a FIFO or device.
+    const FileDescriptor opened = openPath(path, O_PATH, error);
+    if (!opened.isOpen()) return std::nullopt;
+    const std::string link = "/proc/self/fd/" + std::to_string(opened.get());
+    return readAttribute(
+        [&](char* buffer, size_t size) { return ::getxattr(link.c_str(), name, buffer, size); },
+        error);
+}
+
+int readDirectory(
+    const std::string& path, bool followLink,
+    const std::function<bool(int folder, const char* name, DirectoryEntryKind kind)>& visit) {
+    int error = 0;
+    FileDescriptor opened =
+        openPath(path, O_RDONLY | O_DIRECTORY | O_NONBLOCK | (followLink ? 0 : O_NOFOLLOW), error);
+    if (!opened.isOpen()) return error;
+    const std::unique_ptr<DIR, int (*)(DIR*)> stream(::fdopendir(opened.get()), &::closedir);
+    if (stream == nullptr) return errno;
+    const int folder = opened.release();
+    for (;;) {
+        errno = 0;
+        const dirent* entry = ::readdir(stream.get());
+        if (entry == nullptr) return errno;
+        if (isSelfOrParent(entry->d_name)) continue;
+        if (!visit(folder, entry->d_name, kindOfEntry(folder, *entry))) return 0;
+    }
+}
+
+bool linkLeadsToFolder(int folder, const char* name) {
+    struct stat status = {};
+    return ::fstatat(folder, name, &status, 0) == 0 && S_ISDIR(status.st_mode);
+}
+
+}  // namespace marquell::platform

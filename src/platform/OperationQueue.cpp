@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/OperationQueue.h"
+
+#include <pthread.h>
+
+#include <utility>
+
+namespace marquell::platform {
+
+OperationQueue::OperationQueue(std::string name) : name_(std::move(name)) {}
+
+OperationQueue::~OperationQueue() {
+    {
+        const std::lock_guard lock(mutex_);
+        closing_ = true;
+        for (const auto& operation : operations_) operation->abandon();
+    }
+    changed_.notify_all();
+    if (thread_.joinable()) thread_.join();
+}
+
+void OperationQueue::addOperation(std::shared_ptr<Operation> operation) {
+    const std::lock_guard lock(mutex_);
+    if (closing_) return;
+    operations_.push_back(std::move(operation));
+    if (!thread_.joinable()) thread_ = std::thread(&OperationQueue::work, this);
+    changed_.notify_all();
+}
+
+void OperationQueue::cancelAllOperations() {
+    const std::lock_guard lock(mutex_);
+    for (const auto& operation : operations_) operation->cancel();
+}
+
+std::vector<std::shared_ptr<Operation>> OperationQueue::operations() const {
+    const std::lock_guard lock(mutex_);
+    return operations_;
+}
+
+std::shared_ptr<Operation> OperationQueue::takeNext() {
+    std::unique_lock lock(mutex_);
+    changed_.wait(lock, [this] { return closing_ || !operations_.empty(); });
+    return closing_ ? nullptr : operations_.front();
+}
+
+void OperationQueue::work() {
+    ::pthread_setname_np(::pthread_self(), name_.substr(0, 15).c_str());
+    while (std::shared_ptr<Operation> operation = takeNext()) {
+        operation->main();
+        const std::lock_guard lock(mutex_);
+        operations_.erase(operations_.begin());
+    }
+}
+
+}  // namespace marquell::platform
