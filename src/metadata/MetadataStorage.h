@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <atomic>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "metadata/MetadataKey.h"
+#include "metadata/MetadataSource.h"
+#include "metadata/WrappedMetaDataValue.h"
+#include "platform/FileSystem.h"
+
+namespace marquell::metadata {
+
+/// A full path and its hash, which whoever asks more than once for a path keeps. The path's bytes
+/// belong to the caller.
+struct PathKey {
+    PathKey(std::string_view fullPath);  // NOLINT(google-explicit-constructor): any path serves
+    PathKey(std::string_view fullPath, std::size_t knownHash) : path(fullPath), hash(knownHash) {}
+
+    std::string_view path;
+    std::size_t hash;
+};
+
+/// All that extraction has found out, by path, key and source. A cache for the life of the process:
+/// nothing is written to disk or evicted, and values stand until clear(). Every operation may be
+/// called from any thread. What a thread has stored it can read at once; who sees a source's
+/// `retrieved` flag sees all values that the source stored before it.
+///
+/// Paths are spread over shards with a lock each, which is held for a look-up and a copy only. What
+/// the basic source finds for every file has a fixed record; its texts are made when they are read,
+/// which keeps a million files in a few dozen bytes each.
+class MetadataStorage {
+public:
+    MetadataStorage();
+    ~MetadataStorage();
+    MetadataStorage(const MetadataStorage&) = delete;
+    MetadataStorage& operator=(const MetadataStorage&) = delete;
+
+    /// The program's own store.
+    static MetadataStorage& shared();
+
+    /// A later value under the same path, key and source replaces the earlier one.
+    void store(const PathKey& fullPath, MetadataSource source, std::string_view key,
+               StoredValue value);
+
+    /// All keys of the basic source at once.
+    void storeBasicInformation(const PathKey& fullPath,
+                               const platform::EntryAttributes& attributes);
+
+    WrappedMetaDataValue getWrappedValue(const PathKey& fullPath, MetadataKey key,
+                                         MetadataSource source) const;
+    WrappedMetaDataValue getWrappedValue(const PathKey& fullPath, std::string_view forKey,
+                                         MetadataSource fromSource) const;
+    std::optional<std::string> getStringValue(const PathKey& fullPath, std::string_view forKey,
+                                              MetadataSource fromSource) const;
+    /// Seconds since platform::referenceDate; those of platform::distantPast without a value.
+    double getTimeIntervalValue(const PathKey& fullPath, std::string_view forKey,
+                                MetadataSource fromSource) const;
+    bool boolValueExistsAndIsTrue(const PathKey& fullPath, std::string_view forKey,
+                                  MetadataSource fromSource) const;
+    /// The string of the first source in the preferred order (image, audio-visual, index) that has
+    /// one. The basic source and the hashes are in no such order.
+    std::optional<std::string> getPreferredStringValue(const PathKey& fullPath,
+                                                       std::string_view forKey) const;
+
+    /// Whether the source has finished with the path.
+    bool isRetrieved(const PathKey& fullPath, MetadataSource source) const;
+
+    /// The value if the source has finished with the path, in one look-up; otherwise nothing.
+    std::optional<WrappedMetaDataValue> getValueIfRetrieved(const PathKey& fullPath,
+                                                            MetadataKey key,
+                                                            MetadataSource source) const;
+
+    /// Decides who extracts: true tells the caller to do it and to call finishRetrieval afterwards
+    /// in any case. False means that the source has finished; when another thread is at it, that is
+    /// waited for. Not to be called by a thread between its own begin and finish.
+    bool beginRetrieval(const PathKey& fullPath, MetadataSource source);
+
+    /// Sets the `retrieved` flag and lets waiting threads go on.
+    void finishRetrieval(const PathKey& fullPath, MetadataSource source);
+
+    /// Forgets everything, flags and counter included. What an extraction that runs meanwhile
+    /// stores afterwards is accepted.
+    void clear();
+
+    /// Values stored since the last clear(), flags included. For progress figures.
+    std::int64_t itemCounter() const { return itemCounter_.load(std::memory_order_relaxed); }
+
+private:
+    struct PathRecord;
+    struct Records;
+    struct Shard;
+    static constexpr std::size_t shardCount = 64;
+
+    Shard& shardOf(const PathKey& path) const;
+    static std::optional<StoredValue> find(const PathRecord& record, MetadataKey key,
+                                           MetadataSource source);
+
+    std::unique_ptr<std::array<Shard, shardCount>> shards_;
+    std::atomic<std::int64_t> itemCounter_ = 0;
+};
+
+}  // namespace marquell::metadata

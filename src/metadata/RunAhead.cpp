@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "metadata/RunAhead.h"
+
+#include <algorithm>
+
+#include "metadata/DataCoordinator.h"
+#include "metadata/MetadataStorage.h"
+#include "platform/Workers.h"
+
+namespace marquell::metadata {
+namespace {
+
+using pipeline::Column;
+using pipeline::Node;
+
+/// Looking at an entry takes a microsecond, too little to hand out singly; reading a file's content
+/// takes long enough to be shared file by file.
+constexpr std::size_t entriesPerBlock = 256;
+
+std::vector<MetadataSource> neededSources(const std::vector<Column>& columns) {
+    std::vector<MetadataSource> sources;
+    for (const Column& column : columns) {
+        if (column.origin != Column::Origin::source) continue;
+        if (!DataCoordinator::delivers(*column.source)) continue;
+        if (std::find(sources.begin(), sources.end(), *column.source) == sources.end()) {
+            sources.push_back(*column.source);
+        }
+    }
+    return sources;
+}
+
+bool readsContent(const std::vector<MetadataSource>& sources) {
+    return std::any_of(sources.begin(), sources.end(),
+                       [](MetadataSource source) { return source != MetadataSource::basic; });
+}
+
+}  // namespace
+
+RunAhead::RunAhead(const std::vector<std::shared_ptr<Node>>& files,
+                   const std::vector<Column>& columns)
+    : files_(files),
+      sources_(neededSources(columns)),
+      readsTags_(
+          std::any_of(columns.begin(), columns.end(),
+                      [](const Column& column) { return column.origin == Column::Origin::tags; })),
+      blockSize_(readsContent(sources_) ? 1 : entriesPerBlock) {
+    const bool isNeeded = !sources_.empty() || readsTags_;
+    const unsigned workers = platform::workerCount();
+    if (!isNeeded || workers < 2 || files.size() <= blockSize_) return;
+    isDone_ = std::vector<std::atomic<std::uint8_t>>((files.size() + blockSize_ - 1) / blockSize_);
+    for (unsigned i = 0; i < workers; ++i) threads_.emplace_back(&RunAhead::work, this);
+}
+
+RunAhead::~RunAhead() {
+    stopped_.store(true, std::memory_order_relaxed);
+    for (std::thread& thread : threads_) thread.join();
+}
+
+void RunAhead::work() {
+    while (!stopped_.load(std::memory_order_relaxed) && extractNextBlock()) {
+    }
+}
+
+/// False when there is no block left.
+bool RunAhead::extractNextBlock() {
+    const std::size_t block = nextBlock_.fetch_add(1, std::memory_order_relaxed);
+    if (block >= isDone_.size()) return false;
+    const std::size_t end = std::min((block + 1) * blockSize_, files_.size());
+    for (std::size_t i = block * blockSize_; i < end; ++i) extract(*files_[i]);
+    isDone_[block].store(1, std::memory_order_release);
+    isDone_[block].notify_all();
+    return true;
+}
+
+void RunAhead::extract(Node& node) const {
+    for (const MetadataSource source : sources_) {
+        if (MetadataStorage::shared().isRetrieved(node.pathKey(), source)) continue;
+        DataCoordinator::shared().retrieveDataSynchronously(node, source);
+    }
+    if (readsTags_) node.tags();
+}
+
+void RunAhead::waitFor(std::size_t index) {
+    if (threads_.empty()) return;
+    const std::size_t block = index / blockSize_;
+    while (nextBlock_.load(std::memory_order_relaxed) <= block) extractNextBlock();
+    isDone_[block].wait(0, std::memory_order_acquire);
+}
+
+}  // namespace marquell::metadata
