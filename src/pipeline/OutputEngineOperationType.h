@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstddef>
+
+#include "platform/OperationQueue.h"
+
+namespace marquell::pipeline {
+
+enum class OutputOperationTypeEnum { scanning, resorting, computingOutput, ready };
+
+/// What every stage shows of itself. All of it may be read from any thread while the stage runs;
+/// counts may lag behind.
+class OutputEngineOperationType : public platform::Operation {
+public:
+    virtual std::size_t currentFileCount() const = 0;
+    virtual std::size_t totalFileCount() const = 0;
+    virtual OutputOperationTypeEnum type() const = 0;
+    virtual bool indeterminateProgress() const = 0;
+};
+
+}  // namespace marquell::pipeline

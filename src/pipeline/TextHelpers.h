@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace marquell::pipeline {
+
+// All of these take and give UTF-8.
+
+/// Pads each run of number characters with "0" in front to 32 characters, so that plain text
+/// comparison orders numbers in names by value.
+std::string stringByExpandingAllNumberGroups(std::string_view text);
+
+/// Line feeds, carriage returns and tabs as backslash and letter. Backslashes are not doubled.
+std::string withEncodedLineBreaksAndTabs(std::string_view text);
+
+/// Whether withEncodedLineBreaksAndTabs would change the text.
+bool hasLineBreakOrTab(std::string_view text);
+
+/// The elements, newline characters trimmed from both ends of each, with ", " between them.
+std::string asCommaSeparatedString(const std::vector<std::string>& elements);
+
+}  // namespace marquell::pipeline
