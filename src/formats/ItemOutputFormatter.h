@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "formats/MetadataItemFormatterType.h"
+#include "pipeline/DataModelSnapshot.h"
+#include "platform/DateFormatter.h"
+
+namespace marquell::formats {
+
+/// Values as the settings of a list have them. The formats differ only in the setting that their
+/// dates follow, so each has a constructor of its own below and nothing else.
+class ItemOutputFormatter : public MetadataItemFormatterType {
+public:
+    std::string formatDate(const platform::Date& date) override;
+    std::string formatNullValue() override { return std::string(nullText_); }
+    std::string formatBoolValue(bool value) override;
+    std::string formatNumber(std::int64_t number) override { return std::to_string(number); }
+
+protected:
+    ItemOutputFormatter(const pipeline::DataModelSnapshot& snapshot, int dateMode);
+
+private:
+    platform::DateFormatter dateFormatter_;
+    std::string_view nullText_;
+    std::string_view trueText_;
+    std::string_view falseText_;
+};
+
+class CSVItemOutputFormatter final : public ItemOutputFormatter {
+public:
+    explicit CSVItemOutputFormatter(const pipeline::DataModelSnapshot& snapshot)
+        : ItemOutputFormatter(snapshot, snapshot.dateFormatMode) {}
+};
+
+}  // namespace marquell::formats
