@@ -1,0 +1,263 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "CommandLine.h"
+
+#include <fcntl.h>
+#include <getopt.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <charconv>
+#include <cstring>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "ColumnArguments.h"
+#include "Messages.h"
+#include "Settings.h"
+#include "formats/OutputFormatType.h"
+#include "platform/FileDescriptor.h"
+#include "platform/FileSystem.h"
+#include "platform/Path.h"
+
+namespace marquell::apps {
+namespace {
+
+using pipeline::OutputFormatIndexEnum;
+
+constexpr unsigned maximumJobs = 1024;
+
+enum LongOnly : int { from0 = 256, listColumns, jobs, help, version };
+
+const std::array<option, 11> longOptions = {{
+    {"columns", required_argument, nullptr, 'c'},
+    {"format", required_argument, nullptr, 'f'},
+    {"set", required_argument, nullptr, 's'},
+    {"output", required_argument, nullptr, 'o'},
+    {"from0", required_argument, nullptr, from0},
+    {"list-columns", no_argument, nullptr, listColumns},
+    {"jobs", required_argument, nullptr, jobs},
+    {"quiet", no_argument, nullptr, 'q'},
+    {"help", no_argument, nullptr, help},
+    {"version", no_argument, nullptr, version},
+    {nullptr, 0, nullptr, 0},
+}};
+
+struct FormatName {
+    std::string_view name;
+    OutputFormatIndexEnum index;
+};
+constexpr std::array<FormatName, 6> formatNames = {{
+    {"csv", OutputFormatIndexEnum::CSV},
+    {"tsv", OutputFormatIndexEnum::TSV},
+    {"json", OutputFormatIndexEnum::JSON},
+    {"html", OutputFormatIndexEnum::HTML},
+    {"html-fragment", OutputFormatIndexEnum::CopyToHTML},
+    {"spreadsheet", OutputFormatIndexEnum::CopyToExcel},
+}};
+
+using Problem = std::optional<std::string>;
+
+/// Reads a descriptor to its end. Absent on failure, errno then telling why.
+std::optional<std::string> readAll(int descriptor) {
+    std::string bytes;
+    std::array<char, 65536> block{};
+    for (;;) {
+        const ssize_t length = ::read(descriptor, block.data(), block.size());
+        if (length == 0) return bytes;
+        if (length > 0) {
+            bytes.append(block.data(), static_cast<std::size_t>(length));
+        } else if (errno != EINTR) {
+            return std::nullopt;
+        }
+    }
+}
+
+class Parser {
+public:
+    Parser() { request_.snapshot.processSubFolders = true; }
+
+    Request parse(int count, char** arguments) {
+        opterr = 0;
+        for (;;) {
+            const int current = std::max(optind, 1);
+            const int letter =
+                ::getopt_long(count, arguments, ":c:f:s:o:q", longOptions.data(), nullptr);
+            if (letter == -1) break;
+            if (letter == help) return HelpRequest{};
+            if (letter == version) return VersionRequest{};
+            if (letter == listColumns) return CatalogueRequest{};
+            const Problem problem = letter == '?' || letter == ':'
+                                        ? badOption(letter, arguments[std::min(current, count - 1)])
+                                        : take(letter);
+            if (problem) return UsageProblem{*problem};
+        }
+        for (int i = optind; i < count; ++i) {
+            if (const Problem problem = addSource(arguments[i])) return UsageProblem{*problem};
+        }
+        if (const Problem problem = finish(optind < count)) return UsageProblem{*problem};
+        return std::move(request_);
+    }
+
+private:
+    Problem take(int letter) {
+        switch (letter) {
+            case 'c':
+                return addColumns(optarg);
+            case 'f':
+                return setFormat(optarg);
+            case 's':
+                return applySetting(optarg, request_.snapshot);
+            case 'o':
+                return setOutputFile(optarg);
+            case from0:
+                from0File_ = optarg;
+                return std::nullopt;
+            case jobs:
+                return setJobs(optarg);
+            default:
+                request_.quiet = true;
+                return std::nullopt;
+        }
+    }
+
+    static Problem badOption(int letter, std::string_view argument) {
+        if (letter == ':') return "option " + quoted(argument) + ": expected an argument";
+        const bool isLong = argument.starts_with("--");
+        if (isLong && argument.find('=') != std::string_view::npos) {
+            return "option " + quoted(argument) + ": unknown, or it takes no argument";
+        }
+        std::vector<std::string_view> names;
+        for (const option& each : longOptions) {
+            if (each.name != nullptr) names.emplace_back(each.name);
+        }
+        if (!isLong) {
+            const std::string letters{'-', static_cast<char>(optopt)};
+            return "option " + quoted(letters) + ": there is no such option";
+        }
+        return "option " + quoted(argument) + ": there is no such option" +
+               suggestion(argument.substr(2), names);
+    }
+
+    Problem addColumns(std::string_view argument) {
+        if (!std::exchange(columnsGiven_, true)) request_.snapshot.columnList.clear();
+        return appendColumns(argument, request_.snapshot.columnList);
+    }
+
+    Problem setFormat(std::string_view name) {
+        const auto row = std::find_if(formatNames.begin(), formatNames.end(),
+                                      [name](const FormatName& each) { return each.name == name; });
+        if (row != formatNames.end() && formats::outputFormat(row->index) != nullptr) {
+            request_.snapshot.outputFormat = row->index;
+            return std::nullopt;
+        }
+        std::string possible;
+        for (const FormatName& each : formatNames) {
+            if (formats::outputFormat(each.index) == nullptr) continue;
+            possible.append(possible.empty() ? "" : ", ").append(each.name);
+        }
+        return "format " + quoted(name) + ": expected one of " + possible;
+    }
+
+    Problem setOutputFile(std::string_view path) {
+        if (path.empty()) return "option -o: found an empty name, expected a file";
+        request_.outputFile = path;
+        return std::nullopt;
+    }
+
+    Problem setJobs(std::string_view text) {
+        unsigned value = 0;
+        const char* const end = text.data() + text.size();
+        const auto [stop, error] = std::from_chars(text.data(), end, value);
+        if (error != std::errc() || stop != end || value < 1 || value > maximumJobs) {
+            return "option --jobs: found " + quoted(text) + ", expected a number from 1 to " +
+                   std::to_string(maximumJobs);
+        }
+        request_.jobs = value;
+        return std::nullopt;
+    }
+
+    Problem addSource(std::string_view path) {
+        if (path.empty()) return "source \"\": found an empty name, expected a path";
+        if (base_.empty()) base_ = platform::currentFolder();
+        request_.snapshot.sourceList.push_back(platform::absolutePath(path, base_));
+        return std::nullopt;
+    }
+
+    Problem addSourcesFromFile() {
+        const bool isInput = *from0File_ == "-";
+        int error = 0;
+        const platform::FileDescriptor file =
+            isInput ? platform::FileDescriptor(::dup(STDIN_FILENO))
+                    : platform::openPath(*from0File_, O_RDONLY, error);
+        if (isInput) error = errno;
+        const auto bytes = file.isOpen() ? readAll(file.get()) : std::nullopt;
+        if (!bytes) {
+            if (file.isOpen()) error = errno;
+            return "--from0 " + quoted(*from0File_) + ": " + std::strerror(error);
+        }
+        std::string_view rest = *bytes;
+        while (!rest.empty()) {
+            const std::string_view path = rest.substr(0, rest.find('\0'));
+            if (!path.empty()) addSource(path);
+            rest.remove_prefix(std::min(path.size() + 1, rest.size()));
+        }
+        return std::nullopt;
+    }
+
+    Problem finish(bool hasPaths) {
+        if (from0File_) {
+            if (Problem problem = addSourcesFromFile()) return problem;
+        } else if (!hasPaths) {
+            return "found no source, expected a PATH or --from0; see --help";
+        }
+        const auto* format = formats::outputFormat(request_.snapshot.outputFormat);
+        if (format->fileEncoding(request_.snapshot) != pipeline::TextEncoding::utf8) {
+            return "setting \"encodingMode\": found " +
+                   std::to_string(request_.snapshot.encodingMode) +
+                   ", expected 0; other encodings than UTF-8 cannot be written yet";
+        }
+        return std::nullopt;
+    }
+
+    ListRequest request_;
+    bool columnsGiven_ = false;
+    std::optional<std::string> from0File_;
+    std::string base_;
+};
+
+}  // namespace
+
+Request parseCommandLine(int argumentCount, char** arguments) {
+    return Parser().parse(argumentCount, arguments);
+}
+
+std::string helpText() {
+    return "Usage: marquell-list [options] [--] PATH…\n"
+           "Lists files and folders, sorted, with the columns you choose.\n"
+           "\n"
+           "  -c, --columns ID[,ID…]   columns in output order; @TagSpace stands for all columns "
+           "of\n"
+           "                           that tag space (@EXIF); default: name,absolute_path\n"
+           "  -f, --format NAME        csv\n"
+           "  -s, --set NAME=VALUE     a setting of the run, repeatable; see below\n"
+           "  -o, --output FILE        write FILE, whole or not at all; default: standard output\n"
+           "      --from0 FILE         take sources from FILE, separated by NUL; - is standard "
+           "input\n"
+           "      --list-columns       print the catalogue of columns as tab-separated text\n"
+           "      --jobs N             workers for extraction; default: the number of cores\n"
+           "  -q, --quiet              no progress and no hints; what could not be read is named\n"
+           "      --help, --version    print this, or the version\n"
+           "\n"
+           "Settings: " +
+           settingNames() +
+           "\n"
+           "\n"
+           "Exit status: 0 all is listed; 1 the list is made, but something could not be read; 2 "
+           "wrong\n"
+           "usage; 3 the list could not be written.\n";
+}
+
+}  // namespace marquell::apps

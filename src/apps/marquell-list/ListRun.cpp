@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ListRun.h"
+
+#include <chrono>
+#include <utility>
+
+#include "formats/OutputFormatType.h"
+#include "pipeline/ScannerOperation.h"
+
+namespace marquell::apps {
+
+std::shared_ptr<const platform::TextBuffer> ListRun::run(pipeline::DataModelSnapshot snapshot,
+                                                         const StageShower& show) {
+    using namespace std::chrono_literals;
+    queue_.addOperation(std::make_shared<pipeline::ScannerOperation>(*this, std::move(snapshot)));
+    std::unique_lock lock(mutex_);
+    while (!finished_.wait_for(lock, 100ms, [this] { return text_ != nullptr; })) {
+        const auto operations = queue_.operations();
+        if (operations.empty()) continue;
+        const auto* stage =
+            dynamic_cast<const pipeline::OutputEngineOperationType*>(operations.front().get());
+        if (stage != nullptr) show(*stage);
+    }
+    return text_;
+}
+
+void ListRun::scanOperationFinished(pipeline::ScannerOperation& scanOperation) {
+    const pipeline::DataModelSnapshot& snapshot = scanOperation.dataModelSnapshot();
+    queue_.addOperation(formats::outputFormat(snapshot.outputFormat)
+                            ->getOutputOperation(snapshot, *this, scanOperation.flatFileList()));
+}
+
+void ListRun::outputOperationFinished(formats::OutputFormatOperationType& outputOperation) {
+    {
+        const std::lock_guard lock(mutex_);
+        text_ = outputOperation.outputString();
+    }
+    finished_.notify_one();
+}
+
+}  // namespace marquell::apps

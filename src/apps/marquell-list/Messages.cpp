@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Messages.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <numeric>
+#include <utility>
+#include <vector>
+
+#include "platform/AtomicFile.h"
+#include "platform/DiagnosticText.h"
+
+namespace marquell::apps {
+
+void printMessage(std::string_view message) {
+    std::string line = "marquell-list: ";
+    line.append(message).push_back('\n');
+    // Nothing is left to tell when standard error itself fails.
+    static_cast<void>(platform::writeAll(STDERR_FILENO, line));
+}
+
+std::string quoted(std::string_view text) { return '"' + platform::diagnosticText(text) + '"'; }
+
+std::size_t editDistance(std::string_view a, std::string_view b) {
+    std::vector<std::size_t> row(b.size() + 1);
+    std::iota(row.begin(), row.end(), 0);
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        std::size_t diagonal = std::exchange(row[0], i + 1);
+        for (std::size_t j = 0; j < b.size(); ++j) {
+            const std::size_t replaced = diagonal + (a[i] == b[j] ? 0 : 1);
+            diagonal = row[j + 1];
+            row[j + 1] = std::min({replaced, row[j] + 1, row[j + 1] + 1});
+        }
+    }
+    return row.back();
+}
+
+}  // namespace marquell::apps

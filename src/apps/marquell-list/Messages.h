@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace marquell::apps {
+
+/// A line on standard error behind the program's name, in one write, so that lines of programs that
+/// share a terminal don't mix. What comes from files or users belongs into quoted().
+void printMessage(std::string_view message);
+
+/// `text` in quotes and safe to show.
+std::string quoted(std::string_view text);
+
+/// The end of a message: asks whether the nearest of `candidates` was meant, if one is near.
+template <typename Candidates>
+std::string suggestion(std::string_view word, const Candidates& candidates);
+
+/// Single-character changes that turn one word into the other.
+std::size_t editDistance(std::string_view a, std::string_view b);
+
+template <typename Candidates>
+std::string suggestion(std::string_view word, const Candidates& candidates) {
+    std::string_view nearest;
+    std::size_t nearestDistance = word.size() / 3 + 2;
+    for (const std::string_view candidate : candidates) {
+        const std::size_t distance = editDistance(word, candidate);
+        if (distance < nearestDistance) {
+            nearest = candidate;
+            nearestDistance = distance;
+        }
+    }
+    return nearest.empty() ? "." : "; did you mean " + quoted(nearest) + "?";
+}
+
+}  // namespace marquell::apps

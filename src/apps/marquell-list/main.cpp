@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <clocale>
+#include <csignal>
+#include <cstring>
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include "ColumnArguments.h"
+#include "CommandLine.h"
+#include "ExitStatus.h"
+#include "FailureCollector.h"
+#include "ListRun.h"
+#include "Messages.h"
+#include "ProgressLine.h"
+#include "metadata/DataCoordinator.h"
+#include "metadata/TagManager.h"
+#include "platform/AtomicFile.h"
+#include "platform/Workers.h"
+
+namespace marquell::apps {
+namespace {
+
+/// Whoever started us may have closed standard streams. Their numbers must not go to files that we
+/// open, and writing to a closed one must still fail: hence the wrong direction.
+void occupyClosedStreams() {
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (::fcntl(stream, F_GETFD) != -1) continue;
+        static_cast<void>(::open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY));
+    }
+}
+
+ExitStatus deliver(std::string_view bytes, const std::optional<std::string>& file) {
+    const int error = file ? platform::writeFileAtomically(*file, bytes)
+                           : platform::writeAll(STDOUT_FILENO, bytes);
+    if (error == 0) return ExitStatus::success;
+    const std::string target = file ? quoted(*file) : "standard output";
+    printMessage(target + ": the list could not be written: " + std::strerror(error));
+    return ExitStatus::notDelivered;
+}
+
+/// Tells of columns that stay empty because nothing delivers their source.
+void hintAtUndeliveredColumns(const pipeline::DataModelSnapshot& snapshot) {
+    std::string columns;
+    for (const std::string& id : snapshot.columnList) {
+        const pipeline::Column column(id);
+        if (column.origin != pipeline::Column::Origin::source) continue;
+        if (metadata::DataCoordinator::delivers(*column.source)) continue;
+        columns.append(columns.empty() ? "" : ", ").append(id);
+    }
+    if (!columns.empty()) printMessage("no values yet for these columns: " + columns);
+}
+
+struct RequestRunner {
+    ExitStatus operator()(const HelpRequest&) const { return deliver(helpText(), {}); }
+    ExitStatus operator()(const VersionRequest&) const {
+        return deliver("marquell-list " MARQUELL_VERSION "\n", {});
+    }
+    ExitStatus operator()(const CatalogueRequest&) const { return deliver(catalogueText(), {}); }
+    ExitStatus operator()(const UsageProblem& problem) const {
+        printMessage(problem.message);
+        return ExitStatus::wrongUsage;
+    }
+    ExitStatus operator()(const ListRequest& request) const {
+        if (request.jobs) platform::setWorkerCount(*request.jobs);
+        if (!request.quiet) hintAtUndeliveredColumns(request.snapshot);
+        const FailureCollector failures;
+        const auto text = makeText(request);
+        const bool anyFailures = failures.report();
+        const ExitStatus delivered = deliver(text->view(), request.outputFile);
+        if (delivered != ExitStatus::success || !anyFailures) return delivered;
+        return ExitStatus::incomplete;
+    }
+
+private:
+    static std::shared_ptr<const platform::TextBuffer> makeText(const ListRequest& request) {
+        ProgressLine progress(!request.quiet);
+        return ListRun().run(request.snapshot,
+                             [&progress](const auto& stage) { progress.show(stage); });
+    }
+};
+
+}  // namespace
+}  // namespace marquell::apps
+
+int main(int argumentCount, char** arguments) {
+    using namespace marquell::apps;
+    occupyClosedStreams();
+    std::signal(SIGPIPE, SIG_IGN);
+    std::setlocale(LC_ALL, "");
+    return static_cast<int>(
+        std::visit(RequestRunner{}, parseCommandLine(argumentCount, arguments)));
+}
