@@ -54,8 +54,7 @@ void FileScanner::deepScan(const std::string& sourcePath, bool includeFiles, boo
 
 template <typename Kind>
 void FileScanner::createOne(const std::string& path) {
-    flatFileList->files.push_back(
-        std::make_shared<Kind>(platform::lastPathComponent(path), path, std::string_view{}));
+    flatFileList->files.push_back(arena_.make<Kind>(platform::lastPathComponent(path), path, {}));
     itemsScanned_.fetch_add(1, std::memory_order_relaxed);
 }
 

@@ -50,6 +50,7 @@ private:
     void createOne(const std::string& path);
 
     StopCheck stopped_;
+    NodeArena arena_;                        ///< for sources that are items themselves
     std::vector<std::size_t> sourceStarts_;  ///< position of each source's first item
     std::atomic<std::size_t> itemsScanned_ = 0;
     std::atomic<bool> isSorting_ = false;

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <mutex>
 #include <numeric>
+#include <string>
 #include <utility>
 
 #include "pipeline/SortKeys.h"
@@ -92,9 +93,12 @@ private:
         const std::size_t grain = maker.readsMetadata() ? 64 : 8192;
         platform::forRanges(positions.size(), grain, [&](std::size_t begin, std::size_t end) {
             KeyBlock keys;
+            std::string key;
             for (std::size_t i = begin; i < end && !(i % 256 == 0 && stopped_()); ++i) {
                 SortItem& item = items_[positions[i]];
-                item.key = keys.keep(maker.key(*files_[item.index]));
+                key.clear();
+                maker.append(key, *files_[item.index]);
+                item.key = keys.keep(key);
             }
             const std::lock_guard lock(keyBlocksMutex_);
             keyBlocks_.push_back(std::move(keys));

@@ -25,12 +25,13 @@ using platform::DirectoryEntryKind;
 /// Reads one folder: makes the nodes of its entries and notes the folders to be walked next.
 class FolderWalk::FolderVisit {
 public:
-    FolderVisit(FolderWalk& walk, std::string_view folder,
+    FolderVisit(FolderWalk& walk, std::string_view folder, NodeArena& arena,
                 std::vector<std::shared_ptr<Node>>& nodes)
         : walk_(walk),
           path_(platform::joinPath(folder, "")),
           prefixLength_(path_.size()),
           relativePath_(relativePathOf(folder)),
+          arena_(arena),
           nodes_(nodes) {}
 
     /// Returns 0, or errno when the folder could not be read to its end.
@@ -73,7 +74,7 @@ private:
 
     template <typename Kind>
     void addNode(const char* name) {
-        nodes_.push_back(std::make_shared<Kind>(name, path_, relativePath_));
+        nodes_.push_back(arena_.make<Kind>(name, path_, relativePath_));
         ++uncounted_;
     }
 
@@ -87,6 +88,7 @@ private:
     std::string path_;
     std::size_t prefixLength_;
     std::string_view relativePath_;
+    NodeArena& arena_;
     std::vector<std::shared_ptr<Node>>& nodes_;
     std::vector<std::string> subfolders_;
     std::size_t entries_ = 0;
@@ -105,10 +107,11 @@ std::vector<std::shared_ptr<Node>> FolderWalk::run() {
 }
 
 void FolderWalk::work() {
+    NodeArena arena;
     std::vector<std::shared_ptr<Node>> nodes;
     std::string folder;
     while (takeFolder(folder)) {
-        FolderVisit visit(*this, folder, nodes);
+        FolderVisit visit(*this, folder, arena, nodes);
         if (const int error = visit.read(folder); error != 0) {
             platform::reportReadFailure(folder, error);
         }

@@ -23,19 +23,23 @@ StripedLocks& tagLocks() {
 
 }  // namespace
 
-Node::Node(std::string_view name, std::string_view absolutePath, std::string_view relativePath)
-    : bytes_(std::make_unique_for_overwrite<char[]>(absolutePath.size())),
+Node::Node(NodeBlock& block, std::size_t nameLength, std::string_view absolutePath,
+           std::size_t relativePathLength)
+    : block_(block),
+      path_(absolutePath.data()),
       pathLength_(static_cast<std::uint32_t>(absolutePath.size())),
-      name_(rangeBefore(absolutePath.size(), name)),
-      relativePath_(rangeBefore(name_.start == 0 ? 0 : name_.start - 1, relativePath)),
-      isText_(platform::isValidUtf8(absolutePath)) {
-    std::copy(absolutePath.begin(), absolutePath.end(), bytes_.get());
-}
+      nameLength_(static_cast<std::uint32_t>(nameLength)),
+      relativePathLength_(static_cast<std::uint32_t>(relativePathLength)),
+      isText_(platform::isValidUtf8(absolutePath)) {}
 
 Node::~Node() = default;
 
-Node::Range Node::rangeBefore(std::size_t end, std::string_view part) {
-    return {static_cast<std::uint32_t>(end - part.size()), static_cast<std::uint32_t>(part.size())};
+std::shared_ptr<Node> Node::shared() { return {block_.shared_from_this(), this}; }
+
+std::string_view Node::relativePath() const {
+    if (relativePathLength_ == 0) return {};
+    const std::size_t end = pathLength_ - nameLength_ - 1;
+    return absolutePath().substr(end - relativePathLength_, relativePathLength_);
 }
 
 std::string_view Node::fileName() const { return platform::splitExtension(name()).stem; }
@@ -71,12 +75,6 @@ const std::string* Node::tags() const {
 
 std::string Node::text(std::string_view bytes) const {
     return isText_ ? std::string(bytes) : platform::displayText(bytes);
-}
-
-std::string Node::smartName() const { return stringByExpandingAllNumberGroups(text(name())); }
-
-std::string Node::smartAbsolutePath() const {
-    return stringByExpandingAllNumberGroups(text(absolutePath()));
 }
 
 NodeComparisonResult Node::compare(Node& a, Node& b, int mode) {

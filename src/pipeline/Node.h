@@ -14,6 +14,7 @@
 #include "metadata/MetadataStorage.h"
 #include "metadata/WrappedMetaDataValue.h"
 #include "pipeline/Column.h"
+#include "pipeline/NodeArena.h"
 #include "pipeline/NodeObservers.h"
 #include "platform/Date.h"
 
@@ -28,30 +29,29 @@ enum class ObserverInterest {
     lost,     ///< there were observers, and all have gone
 };
 
-/// One item of a list: a file or folder on disk. Made by the scanner, always held by shared_ptr,
+/// One item of a list: a file or folder on disk. Made by a NodeArena, always held by shared_ptr,
 /// shared between lists of different runs. The path never changes and may be read from any thread.
 ///
 /// Names and paths are bytes as the file system gives them; the views point into the node. Where
 /// they become text, go through text(), which costs nothing for the usual valid UTF-8.
-class Node : public std::enable_shared_from_this<Node> {
+class Node {
 public:
-    /// `name` is the last component of `absolutePath`, and `relativePath` the components before it
-    /// that lead from the source to the containing folder: empty for a source itself and for what
-    /// lies directly in it. The node keeps the one path and where the other two stand in it.
-    Node(std::string_view name, std::string_view absolutePath, std::string_view relativePath);
     virtual ~Node();
     Node(const Node&) = delete;
     Node& operator=(const Node&) = delete;
 
-    std::string_view name() const { return view(name_); }
-    std::string_view absolutePath() const { return {bytes_.get(), pathLength_}; }
+    /// Another reference to this node.
+    std::shared_ptr<Node> shared();
+
+    std::string_view name() const { return absolutePath().substr(pathLength_ - nameLength_); }
+    std::string_view absolutePath() const { return {path_, pathLength_}; }
     /// The name without its extension.
     std::string_view fileName() const;
     std::string_view fileNameUpToFirstPeriod() const;
     /// Name of the containing folder; empty for the root, "/" for what lies directly in it.
     std::string_view parent() const;
     std::string_view absoluteParentPath() const;
-    std::string_view relativePath() const { return view(relativePath_); }
+    std::string_view relativePath() const;
     std::optional<std::string_view> fileExtension() const;
 
     /// The file's tags as one text; absent when it has none. Read from disk once.
@@ -61,11 +61,6 @@ public:
     bool isText() const { return isText_; }
     /// `bytes`, one of this node's views, as valid UTF-8.
     std::string text(std::string_view bytes) const;
-
-    /// Name and path with numbers padded to sort by value. Made anew at each call: a sort makes the
-    /// keys it needs once, and nobody else wants them.
-    std::string smartName() const;
-    std::string smartAbsolutePath() const;
 
     /// Order of two nodes under a sort mode, 0 to 15; any other gives aComesFirst.
     static NodeComparisonResult compare(Node& a, Node& b, int mode);
@@ -95,22 +90,21 @@ public:
     void signalDataIsNowReady(metadata::MetadataSource forSource);
     ObserverInterest interest(metadata::MetadataSource forSource) const;
 
-private:
-    struct Range {
-        std::uint32_t start = 0;
-        std::uint32_t length = 0;
-    };
+protected:
+    /// For NodeBlock, which keeps the bytes of the path: the other two are parts of it.
+    Node(NodeBlock& block, std::size_t nameLength, std::string_view absolutePath,
+         std::size_t relativePathLength);
 
-    static Range rangeBefore(std::size_t end, std::string_view part);
-    std::string_view view(Range range) const { return {bytes_.get() + range.start, range.length}; }
+private:
     std::optional<metadata::WrappedMetaDataValue> ownValue(const Column& column) const;
     metadata::WrappedMetaDataValue extractedValueSync(const Column& column);
     void tellObservers(metadata::MetadataSource source);
 
-    std::unique_ptr<char[]> bytes_;
+    NodeBlock& block_;
+    const char* path_;
     std::uint32_t pathLength_;
-    Range name_;
-    Range relativePath_;
+    std::uint32_t nameLength_;
+    std::uint32_t relativePathLength_;
     bool isText_;
     mutable bool tagsAreRead_ = false;  // guarded by the node's stripe of the tag locks
     mutable std::unique_ptr<const std::string> tags_;  // likewise
@@ -120,12 +114,12 @@ private:
 };
 
 class FileNode final : public Node {
-public:
+    friend class NodeBlock;
     using Node::Node;
 };
 
 class FolderNode final : public Node {
-public:
+    friend class NodeBlock;
     using Node::Node;
 };
 

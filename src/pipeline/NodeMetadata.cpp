@@ -91,7 +91,7 @@ DisplayStringWrapper Node::getDisplayString(std::string_view forMetaDataKey) {
     const auto value =
         MetadataStorage::shared().getValueIfRetrieved(pathKey(), column.key, *column.source);
     if (value) return wrapper(*value);
-    DataCoordinator::shared().retrieveDataAsynchronously(shared_from_this(), *column.source);
+    DataCoordinator::shared().retrieveDataAsynchronously(shared(), *column.source);
     return {DisplayStringWrapper::Kind::notRetrievedYet};
 }
 
@@ -163,7 +163,7 @@ void Node::signalDataIsNowReady(MetadataSource forSource) {
     }
     platform::MainQueue* queue = platform::MainQueue::installed();
     if (queue == nullptr) return;
-    queue->post([node = shared_from_this(), forSource] { node->tellObservers(forSource); });
+    queue->post([node = shared(), forSource] { node->tellObservers(forSource); });
 }
 
 void Node::tellObservers(MetadataSource source) {

@@ -6,6 +6,7 @@
 
 #include "pipeline/Column.h"
 #include "pipeline/Node.h"
+#include "pipeline/TextHelpers.h"
 #include "platform/UnicodeText.h"
 
 namespace marquell::pipeline {
@@ -24,39 +25,54 @@ void appendSigned(std::string& key, std::int64_t value) {
     appendBigEndian(key, static_cast<std::uint64_t>(value) ^ signBit);
 }
 
-std::string dateKey(Node& node, const Column& column) {
+void appendDate(std::string& key, Node& node, const Column& column) {
     const platform::Date date = node.getDateValueSync(column);
-    std::string key;
     appendSigned(key, date.seconds);
     appendBigEndian(key, date.nanoseconds);
-    return key;
 }
 
-std::string smartNameKey(Node& node) { return textSortKey(node.smartName()); }
-std::string smartPathKey(Node& node) { return textSortKey(node.smartAbsolutePath()); }
-std::string nameKey(Node& node) { return textSortKey(node.text(node.name())); }
-std::string pathKey(Node& node) { return textSortKey(node.text(node.absolutePath())); }
+void appendText(std::string& key, const Node& node, std::string_view bytes) {
+    if (node.isText()) {
+        platform::appendCaseInsensitiveKey(key, bytes);
+    } else {
+        platform::appendCaseInsensitiveKey(key, node.text(bytes));
+    }
+}
 
-std::string creationKey(Node& node) {
+void appendSmartText(std::string& key, const Node& node, std::string_view bytes) {
+    const std::string expanded = node.isText() ? stringByExpandingAllNumberGroups(bytes)
+                                               : stringByExpandingAllNumberGroups(node.text(bytes));
+    platform::appendCaseInsensitiveKey(key, expanded);
+}
+
+void appendSmartName(std::string& key, Node& node) { appendSmartText(key, node, node.name()); }
+
+void appendSmartPath(std::string& key, Node& node) {
+    appendSmartText(key, node, node.absolutePath());
+}
+
+void appendName(std::string& key, Node& node) { appendText(key, node, node.name()); }
+
+void appendPath(std::string& key, Node& node) { appendText(key, node, node.absolutePath()); }
+
+void appendCreation(std::string& key, Node& node) {
     static const Column column("creation_date");
-    return dateKey(node, column);
+    appendDate(key, node, column);
 }
 
-std::string modificationKey(Node& node) {
+void appendModification(std::string& key, Node& node) {
     static const Column column("modification_date");
-    return dateKey(node, column);
+    appendDate(key, node, column);
 }
 
-std::string contentCreationKey(Node& node) {
+void appendContentCreation(std::string& key, Node& node) {
     static const Column column("contentcreationdate");
-    return dateKey(node, column);
+    appendDate(key, node, column);
 }
 
-std::string sizeKey(Node& node) {
+void appendSize(std::string& key, Node& node) {
     static const Column column("size");
-    std::string key;
     appendSigned(key, node.getIntValueSync(column));
-    return key;
 }
 
 enum class Direction { ascending, descending };
@@ -65,7 +81,7 @@ enum class KeyOrigin { path, metadata };
 }  // namespace
 
 struct SortKeyMaker::Mode {
-    std::string (*key)(Node& node);
+    void (*append)(std::string& key, Node& node);
     Direction direction;
     KeyOrigin origin;
 };
@@ -74,22 +90,22 @@ namespace {
 
 /// By mode. Dates start with the newest, texts and sizes with the lowest.
 constexpr std::array<SortKeyMaker::Mode, 16> modes = {{
-    {&smartNameKey, Direction::ascending, KeyOrigin::path},
-    {&smartNameKey, Direction::descending, KeyOrigin::path},
-    {&smartPathKey, Direction::ascending, KeyOrigin::path},
-    {&smartPathKey, Direction::descending, KeyOrigin::path},
-    {&creationKey, Direction::descending, KeyOrigin::metadata},
-    {&creationKey, Direction::ascending, KeyOrigin::metadata},
-    {&modificationKey, Direction::descending, KeyOrigin::metadata},
-    {&modificationKey, Direction::ascending, KeyOrigin::metadata},
-    {&contentCreationKey, Direction::descending, KeyOrigin::metadata},
-    {&contentCreationKey, Direction::ascending, KeyOrigin::metadata},
-    {&sizeKey, Direction::ascending, KeyOrigin::metadata},
-    {&sizeKey, Direction::descending, KeyOrigin::metadata},
-    {&nameKey, Direction::ascending, KeyOrigin::path},
-    {&nameKey, Direction::descending, KeyOrigin::path},
-    {&pathKey, Direction::ascending, KeyOrigin::path},
-    {&pathKey, Direction::descending, KeyOrigin::path},
+    {&appendSmartName, Direction::ascending, KeyOrigin::path},
+    {&appendSmartName, Direction::descending, KeyOrigin::path},
+    {&appendSmartPath, Direction::ascending, KeyOrigin::path},
+    {&appendSmartPath, Direction::descending, KeyOrigin::path},
+    {&appendCreation, Direction::descending, KeyOrigin::metadata},
+    {&appendCreation, Direction::ascending, KeyOrigin::metadata},
+    {&appendModification, Direction::descending, KeyOrigin::metadata},
+    {&appendModification, Direction::ascending, KeyOrigin::metadata},
+    {&appendContentCreation, Direction::descending, KeyOrigin::metadata},
+    {&appendContentCreation, Direction::ascending, KeyOrigin::metadata},
+    {&appendSize, Direction::ascending, KeyOrigin::metadata},
+    {&appendSize, Direction::descending, KeyOrigin::metadata},
+    {&appendName, Direction::ascending, KeyOrigin::path},
+    {&appendName, Direction::descending, KeyOrigin::path},
+    {&appendPath, Direction::ascending, KeyOrigin::path},
+    {&appendPath, Direction::descending, KeyOrigin::path},
 }};
 
 }  // namespace
@@ -109,11 +125,17 @@ SortKeyMaker::SortKeyMaker(int mode)
 bool SortKeyMaker::isDescending() const { return mode_->direction == Direction::descending; }
 
 bool SortKeyMaker::hasSameKeyAs(const SortKeyMaker& other) const {
-    return mode_->key == other.mode_->key;
+    return mode_->append == other.mode_->append;
 }
 
 bool SortKeyMaker::readsMetadata() const { return mode_->origin == KeyOrigin::metadata; }
 
-std::string SortKeyMaker::key(Node& node) const { return mode_->key(node); }
+void SortKeyMaker::append(std::string& key, Node& node) const { mode_->append(key, node); }
+
+std::string SortKeyMaker::key(Node& node) const {
+    std::string key;
+    append(key, node);
+    return key;
+}
 
 }  // namespace marquell::pipeline

@@ -23,7 +23,8 @@ public:
     /// Whether keys come from metadata, so that making one may read the disk.
     bool readsMetadata() const;
 
-    /// Extracts what it needs on the caller's thread. Any thread.
+    /// Appends the node's key; extracts what it needs on the caller's thread. Any thread.
+    void append(std::string& key, Node& node) const;
     std::string key(Node& node) const;
 
     struct Mode;
