@@ -22,6 +22,7 @@ target_compile_options(marquell_compiler INTERFACE
     -Wcast-align
     -Wcast-qual
     -Wconversion
+    -Wdeprecated-copy-dtor
     -Wextra-semi
     -Wformat=2
     -Wimplicit-fallthrough

@@ -80,7 +80,8 @@ def objection(layer, header, quoted):
         return None if SYSTEM.match(header) else "a library without a row in scripts/layers.py"
     other = layer_of(header)
     if other is None:
-        return "not the path of a header below src/"
+        own = layer.startswith("apps/") and "/" not in header
+        return None if own else "not the path of a header below src/"
     if other == layer or other in LAYERS[layer] or header in LAYERS[layer]:
         return None
     return f"{layer} may include {', '.join(LAYERS[layer]) or 'nothing of ours'}"

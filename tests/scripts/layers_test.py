@@ -31,6 +31,7 @@ class LayersTest(unittest.TestCase):
             ("helpers/Exif.cpp", "#include <exiv2/exiv2.hpp>"),
             ("lists/tables/TagTable.cpp", "#include <QTableView>"),
             ("apps/marquell-list/main.cpp", '#include "lists/ColumnList.h"'),
+            ("apps/marquell-list/main.cpp", '#include "CommandLine.h"'),
             ("metadata/TagManager.h", "// #include <QString>"),
         ]:
             with self.subTest(path=path, line=line):
