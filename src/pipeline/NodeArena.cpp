@@ -9,7 +9,7 @@ namespace marquell::pipeline {
 namespace {
 
 /// Large enough to make blocks few, small enough that one node kept of a block costs little.
-constexpr std::size_t largestBlock = 128 * 1024;
+constexpr std::size_t largestBlock = platform::hugePageSize;
 
 constexpr std::size_t alignment = alignof(std::max_align_t);
 
@@ -20,9 +20,7 @@ constexpr std::size_t aligned(std::size_t size) {
 }  // namespace
 
 NodeBlock::NodeBlock(std::size_t size)
-    : memory_(std::make_unique_for_overwrite<std::byte[]>(size)),
-      free_(size),
-      next_(memory_.get()) {}
+    : memory_(platform::largeMemory(size)), free_(size), next_(memory_.get()) {}
 
 NodeBlock::~NodeBlock() {
     for (Node* node : nodes_) node->~Node();

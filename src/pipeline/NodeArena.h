@@ -9,6 +9,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/LargeMemory.h"
+
 namespace marquell::pipeline {
 
 class Node;
@@ -39,7 +41,7 @@ public:
 private:
     std::byte* take(std::size_t size);
 
-    std::unique_ptr<std::byte[]> memory_;
+    platform::LargeMemory memory_;
     std::size_t free_;
     std::byte* next_;
     std::vector<Node*> nodes_;

@@ -33,7 +33,7 @@ std::size_t editDistance(std::string_view a, std::string_view b) {
             row[j + 1] = std::min({replaced, row[j] + 1, row[j + 1] + 1});
         }
     }
-    return row.back();
+    return row[b.size()];
 }
 
 }  // namespace marquell::apps

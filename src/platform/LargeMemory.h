@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstddef>
+#include <cstdlib>
+#include <memory>
+
+namespace marquell::platform {
+
+inline constexpr std::size_t hugePageSize = 2 * 1024 * 1024;
+
+struct FreeMemory {
+    void operator()(std::byte* memory) const { std::free(memory); }
+};
+using LargeMemory = std::unique_ptr<std::byte[], FreeMemory>;
+
+/// Memory for data that is visited in no order, aligned for any type. From hugePageSize on it asks
+/// the kernel for huge pages: with small ones, finding the page of each of a million scattered
+/// items costs more than reading it.
+LargeMemory largeMemory(std::size_t size);
+
+}  // namespace marquell::platform
