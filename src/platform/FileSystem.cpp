@@ -15,14 +15,24 @@ namespace marquell::platform {
 namespace {
 
 /// A path as the kernel takes it: what is left of it below an open folder, or all of it below
-/// AT_FDCWD when it is short enough.
+/// AT_FDCWD when it is short enough. Good until the thread reaches its next path.
 struct ReachedPath {
-    FileDescriptor folder;
+    int base = AT_FDCWD;
     const char* rest = nullptr;
     int error = 0;
-
-    int base() const { return folder.isOpen() ? folder.get() : AT_FDCWD; }
 };
+
+/// The folder on the way to the last long path of this thread. Trees thousands of folders deep are
+/// visited along their branches: without it each visit would walk down from the root again.
+struct FolderOnTheWay {
+    std::string path;
+    FileDescriptor folder;
+};
+
+FolderOnTheWay& folderOnTheWay() {
+    thread_local FolderOnTheWay folder;
+    return folder;
+}
 
 /// Length of the longest run of whole components at the start of `rest` that one call can take.
 std::size_t pieceLength(std::string_view rest) {
@@ -30,28 +40,31 @@ std::size_t pieceLength(std::string_view rest) {
     return slash == std::string_view::npos ? 0 : slash;
 }
 
-ReachedPath reach(const std::string& path) {
-    ReachedPath reached;
-    reached.rest = path.c_str();
-    std::string_view rest = path;
-    while (rest.size() >= PATH_MAX) {
-        const std::size_t length = pieceLength(rest);
-        if (length == 0) {
-            reached.error = ENAMETOOLONG;
-            return reached;
-        }
-        const std::string piece(rest.substr(0, length));
-        FileDescriptor next(
-            ::openat(reached.base(), piece.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
-        if (!next.isOpen()) {
-            reached.error = errno;
-            return reached;
-        }
-        reached.folder = std::move(next);
-        rest.remove_prefix(length + 1);
-        reached.rest = rest.data();
+bool isBelow(std::string_view path, std::string_view folder) {
+    return path.size() > folder.size() && path.starts_with(folder) && path[folder.size()] == '/';
+}
+
+ReachedPath reachInPieces(const std::string& path, FolderOnTheWay& way) {
+    if (!way.folder.isOpen() || !isBelow(path, way.path)) way = {};
+    std::size_t done = way.path.empty() ? 0 : way.path.size() + 1;
+    while (path.size() - done >= PATH_MAX) {
+        const std::size_t length = pieceLength(std::string_view(path).substr(done));
+        if (length == 0) return {.error = ENAMETOOLONG};
+        const std::string piece = path.substr(done, length);
+        const int base = way.folder.isOpen() ? way.folder.get() : AT_FDCWD;
+        FileDescriptor next(::openat(base, piece.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+        if (!next.isOpen()) return {.error = errno};
+        way = {path.substr(0, done + length), std::move(next)};
+        done += length + 1;
     }
-    return reached;
+    return {way.folder.get(), path.c_str() + done, 0};
+}
+
+ReachedPath reach(const std::string& path) {
+    FolderOnTheWay& way = folderOnTheWay();
+    if (path.size() >= PATH_MAX) return reachInPieces(path, way);
+    if (way.folder.isOpen()) way = {};
+    return {AT_FDCWD, path.c_str(), 0};
 }
 
 bool statxAt(const ReachedPath& path, int flags, unsigned mask, struct statx& result, int& error) {
@@ -59,7 +72,7 @@ bool statxAt(const ReachedPath& path, int flags, unsigned mask, struct statx& re
         error = path.error;
         return false;
     }
-    if (::statx(path.base(), path.rest, flags | AT_STATX_SYNC_AS_STAT, mask, &result) != 0) {
+    if (::statx(path.base, path.rest, flags | AT_STATX_SYNC_AS_STAT, mask, &result) != 0) {
         error = errno;
         return false;
     }
@@ -142,7 +155,7 @@ FileDescriptor openPath(const std::string& path, int flags, int& error) {
         error = reached.error;
         return {};
     }
-    FileDescriptor opened(::openat(reached.base(), reached.rest, flags | O_CLOEXEC));
+    FileDescriptor opened(::openat(reached.base, reached.rest, flags | O_CLOEXEC));
     if (!opened.isOpen()) error = errno;
     return opened;
 }
