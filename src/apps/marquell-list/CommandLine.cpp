@@ -82,7 +82,6 @@ public:
     Request parse(int count, char** arguments) {
         opterr = 0;
         for (;;) {
-            const int current = std::max(optind, 1);
             const int letter =
                 ::getopt_long(count, arguments, ":c:f:s:o:q", longOptions.data(), nullptr);
             if (letter == -1) break;
@@ -90,7 +89,7 @@ public:
             if (letter == version) return VersionRequest{};
             if (letter == listColumns) return CatalogueRequest{};
             const Problem problem = letter == '?' || letter == ':'
-                                        ? badOption(letter, arguments[std::min(current, count - 1)])
+                                        ? badOption(letter, arguments[optind - 1])
                                         : take(letter);
             if (problem) return UsageProblem{*problem};
         }
@@ -123,22 +122,23 @@ private:
         }
     }
 
-    static Problem badOption(int letter, std::string_view argument) {
-        if (letter == ':') return "option " + quoted(argument) + ": expected an argument";
-        const bool isLong = argument.starts_with("--");
-        if (isLong && argument.find('=') != std::string_view::npos) {
-            return "option " + quoted(argument) + ": unknown, or it takes no argument";
-        }
+    /// `word` is what getopt took last. It isn't done with a word of several letters, but then
+    /// optopt has the letter; there is 0 for an unknown long option.
+    static Problem badOption(int result, std::string_view word) {
+        if (result == ':') return "option " + quoted(word) + ": expected an argument";
         std::vector<std::string_view> names;
         for (const option& each : longOptions) {
-            if (each.name != nullptr) names.emplace_back(each.name);
+            if (each.name == nullptr) break;
+            if (each.val == optopt) return "option " + quoted(word) + ": it takes no argument";
+            names.emplace_back(each.name);
         }
-        if (!isLong) {
-            const std::string letters{'-', static_cast<char>(optopt)};
-            return "option " + quoted(letters) + ": there is no such option";
+        if (optopt == 0) {
+            const std::string_view name = word.substr(0, word.find('='));
+            return "option " + quoted(name) + ": there is no such option" +
+                   suggestion(name.substr(2), names);
         }
-        return "option " + quoted(argument) + ": there is no such option" +
-               suggestion(argument.substr(2), names);
+        const std::string letters{'-', static_cast<char>(optopt)};
+        return "option " + quoted(letters) + ": there is no such option";
     }
 
     Problem addColumns(std::string_view argument) {
