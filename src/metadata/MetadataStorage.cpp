@@ -93,7 +93,8 @@ struct MetadataStorage::PathRecord {
     }
 };
 
-/// The records of a shard between two clears, in memory that is given back at once.
+/// The records of a shard between two clears, in memory that is given back at once. Callers hold
+/// the shard's lock, which also guards the places that their keys bring along.
 struct MetadataStorage::Records {
     struct Hash {
         std::size_t operator()(const PathKey& key) const { return key.hash; }
@@ -102,19 +103,37 @@ struct MetadataStorage::Records {
         bool operator()(const PathKey& a, const PathKey& b) const { return a.path == b.path; }
     };
 
+    const std::uint32_t generation = nextGeneration();
     std::pmr::monotonic_buffer_resource memory;
     std::pmr::unordered_map<PathKey, PathRecord, Hash, Equal> byPath{&memory};
 
-    PathRecord& recordOf(const PathKey& key) {
-        if (const auto found = byPath.find(key); found != byPath.end()) return found->second;
-        char* bytes = static_cast<char*>(memory.allocate(key.path.size() + 1, 1));
-        std::copy(key.path.begin(), key.path.end(), bytes);
-        return byPath[PathKey({bytes, key.path.size()}, key.hash)];
+    /// The path's record; null if it has none.
+    PathRecord* lookUp(const PathKey& key) {
+        if (key.place != nullptr && key.place->generation == generation) {
+            return static_cast<PathRecord*>(key.place->record);
+        }
+        const auto found = byPath.find(key);
+        return found != byPath.end() ? remember(key, found->second) : nullptr;
     }
 
-    const PathRecord* lookUp(const PathKey& key) const {
-        const auto found = byPath.find(key);
-        return found != byPath.end() ? &found->second : nullptr;
+    /// The path's record, made if it has none.
+    PathRecord& recordOf(const PathKey& key) {
+        if (PathRecord* record = lookUp(key)) return *record;
+        char* bytes = static_cast<char*>(memory.allocate(key.path.size() + 1, 1));
+        std::copy(key.path.begin(), key.path.end(), bytes);
+        return *remember(key, byPath[PathKey({bytes, key.path.size()}, key.hash)]);
+    }
+
+private:
+    /// Different for each content of each store, and never 0.
+    static std::uint32_t nextGeneration() {
+        static std::atomic<std::uint32_t> last = 0;
+        return last.fetch_add(1, std::memory_order_relaxed) + 1;
+    }
+
+    PathRecord* remember(const PathKey& key, PathRecord& record) const {
+        if (key.place != nullptr) *key.place = {&record, generation};
+        return &record;
     }
 };
 

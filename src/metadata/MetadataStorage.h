@@ -16,14 +16,23 @@
 
 namespace marquell::metadata {
 
-/// A full path and its hash, which whoever asks more than once for a path keeps. The path's bytes
-/// belong to the caller.
+/// Where the store found a path's record, kept by whoever asks often for the same path. Belongs to
+/// the store: nobody else looks inside.
+struct RecordPlace {
+    void* record = nullptr;
+    std::uint32_t generation = 0;  ///< of the store's content; 0 for never found
+};
+
+/// A full path with what saves the store from searching for it. The path's bytes and the place
+/// belong to the caller; a place serves one path only.
 struct PathKey {
     PathKey(std::string_view fullPath);  // NOLINT(google-explicit-constructor): any path serves
-    PathKey(std::string_view fullPath, std::size_t knownHash) : path(fullPath), hash(knownHash) {}
+    PathKey(std::string_view fullPath, std::size_t knownHash, RecordPlace* knownPlace = nullptr)
+        : path(fullPath), hash(knownHash), place(knownPlace) {}
 
     std::string_view path;
     std::size_t hash;
+    RecordPlace* place = nullptr;
 };
 
 /// All that extraction has found out, by path, key and source. A cache for the life of the process:

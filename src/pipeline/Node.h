@@ -67,7 +67,7 @@ public:
     static NodeComparisonResult caseInsensitiveStringCompare(std::string_view a,
                                                              std::string_view b);
 
-    /// The store's key of this node. Hashed at the first call.
+    /// The store's key of this node, good as long as the node. Hashed at the first call.
     metadata::PathKey pathKey() const;
 
     /// A value as cells show it; starts the extraction when it is not known and doesn't wait.
@@ -108,7 +108,8 @@ private:
     bool isText_;
     mutable bool tagsAreRead_ = false;  // guarded by the node's stripe of the tag locks
     mutable std::unique_ptr<const std::string> tags_;  // likewise
-    mutable std::atomic<std::size_t> pathHash_ = 0;    ///< 0: not known yet
+    mutable metadata::RecordPlace recordPlace_;
+    mutable std::atomic<std::size_t> pathHash_ = 0;  ///< 0: not known yet
     std::unique_ptr<NodeObservers>
         observers_;  // guarded by the node's stripe of the observer locks
 };

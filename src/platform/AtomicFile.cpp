@@ -7,7 +7,9 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <charconv>
 #include <climits>
+#include <cstdlib>
 #include <memory>
 #include <optional>
 #include <random>
@@ -20,12 +22,36 @@ namespace {
 
 constexpr std::size_t maximumLinks = 40;  // as the kernel's own limit
 
-/// The target of a link chain, the last name of which may not exist yet. Absent on a loop.
+std::string folderOf(const std::string& path) {
+    const std::size_t slash = path.rfind('/');
+    if (slash == std::string::npos) return ".";
+    return path.substr(0, std::max<std::size_t>(slash, 1));
+}
+
+std::string realPath(const std::string& path) {
+    const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.c_str(), nullptr),
+                                                           &std::free);
+    return real == nullptr ? std::string() : real.get();
+}
+
+/// The open descriptor of ours that /dev/fd/3 and the like stand for.
+std::optional<int> ownDescriptor(const std::string& path) {
+    const std::string folder = realPath(folderOf(path));
+    if (folder.empty() || folder != realPath("/proc/self/fd")) return std::nullopt;
+    int descriptor = -1;
+    const std::string_view name = lastPathComponent(path);
+    const auto [stop, error] = std::from_chars(name.data(), name.data() + name.size(), descriptor);
+    if (error != std::errc() || stop != name.data() + name.size()) return std::nullopt;
+    return descriptor;
+}
+
+/// The target of a link chain, the last name of which may not exist yet; a descriptor of ours is
+/// not followed further. Absent on a loop.
 std::optional<std::string> resolveLinks(std::string path) {
     for (std::size_t links = 0; links < maximumLinks; ++links) {
         std::string target(PATH_MAX, '\0');
         const ssize_t length = ::readlink(path.c_str(), target.data(), target.size());
-        if (length < 0) return path;
+        if (length < 0 || ownDescriptor(path)) return path;
         target.resize(static_cast<std::size_t>(length));
         if (target.starts_with('/')) {
             path = target;
@@ -35,12 +61,6 @@ std::optional<std::string> resolveLinks(std::string path) {
         }
     }
     return std::nullopt;
-}
-
-std::string folderOf(const std::string& path) {
-    const std::size_t slash = path.rfind('/');
-    if (slash == std::string::npos) return ".";
-    return path.substr(0, std::max<std::size_t>(slash, 1));
 }
 
 int writeStraight(const std::string& path, std::string_view bytes) {
@@ -136,16 +156,16 @@ int writeAll(int descriptor, std::string_view bytes) {
 }
 
 int writeFileAtomically(const std::string& path, std::string_view bytes) {
-    struct stat old = {};
-    if (::stat(path.c_str(), &old) == 0) {
-        if (S_ISDIR(old.st_mode)) return EISDIR;
-        if (!S_ISREG(old.st_mode)) return writeStraight(path, bytes);
-    } else if (errno != ENOENT) {
-        return errno;
-    }
     const std::optional<std::string> target = resolveLinks(path);
     if (!target) return ELOOP;
-    return replaceFile(*target, old.st_mode != 0 ? &old : nullptr, bytes);
+    if (const auto descriptor = ownDescriptor(*target)) return writeAll(*descriptor, bytes);
+    struct stat old = {};
+    if (::stat(target->c_str(), &old) != 0) {
+        return errno == ENOENT ? replaceFile(*target, nullptr, bytes) : errno;
+    }
+    if (S_ISDIR(old.st_mode)) return EISDIR;
+    if (!S_ISREG(old.st_mode)) return writeStraight(*target, bytes);
+    return replaceFile(*target, &old, bytes);
 }
 
 }  // namespace marquell::platform

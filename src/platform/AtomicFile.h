@@ -12,8 +12,9 @@ int writeAll(int descriptor, std::string_view bytes);
 
 /// Puts `bytes` at `path` whole or not at all. A regular file, or a new one, is written beside the
 /// target under a temporary name, synced and renamed over it; the mode of an old file is kept and
-/// links are followed. A FIFO or device is written straight. Returns 0 or errno; after a failure
-/// the old file stands and nothing else is left behind.
+/// links are followed. A FIFO or device is written straight, and so is a descriptor of ours, to
+/// which /dev/stdout leads: what the descriptor's file already holds stays. Returns 0 or errno;
+/// after a failure the old file stands and nothing else is left behind.
 int writeFileAtomically(const std::string& path, std::string_view bytes);
 
 }  // namespace marquell::platform

@@ -64,9 +64,13 @@ std::string absolutePath(std::string_view path, std::string_view base) {
 
 std::string currentFolder() {
     const char* logical = std::getenv("PWD");
-    if (logical != nullptr && logical[0] == '/' && namesSameFolder(logical, ".")) return logical;
+    if (logical != nullptr && logical[0] == '/') {
+        // Resolved first: ".." behind a link leads elsewhere for the kernel than in the text.
+        const std::string resolved = absolutePath(logical, "/");
+        if (namesSameFolder(resolved.c_str(), ".")) return resolved;
+    }
     const std::unique_ptr<char, decltype(&std::free)> physical(::getcwd(nullptr, 0), &std::free);
-    return physical != nullptr && physical.get()[0] == '/' ? physical.get() : "/";
+    return physical != nullptr && physical.get()[0] == '/' ? physical.get() : "";
 }
 
 std::string joinPath(std::string_view folder, std::string_view relative) {

@@ -29,7 +29,7 @@ NameParts splitExtension(std::string_view name);
 std::string absolutePath(std::string_view path, std::string_view base);
 
 /// The folder that relative paths start from: $PWD if it names the current folder (so that links
-/// keep their names), else the kernel's name of it; "/" when neither can be had.
+/// keep their names), else the kernel's name of it. Empty when the folder has no name any more.
 std::string currentFolder();
 
 /// `folder` and `relative` with one slash between, also when `folder` is the root.

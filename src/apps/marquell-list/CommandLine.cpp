@@ -181,7 +181,13 @@ private:
 
     Problem addSource(std::string_view path) {
         if (path.empty()) return "source \"\": found an empty name, expected a path";
-        if (base_.empty()) base_ = platform::currentFolder();
+        if (path.front() != '/' && base_.empty()) {
+            base_ = platform::currentFolder();
+            if (base_.empty()) {
+                return "source " + quoted(path) +
+                       ": the current folder is gone, expected an absolute path";
+            }
+        }
         request_.snapshot.sourceList.push_back(platform::absolutePath(path, base_));
         return std::nullopt;
     }
@@ -201,7 +207,9 @@ private:
         std::string_view rest = *bytes;
         while (!rest.empty()) {
             const std::string_view path = rest.substr(0, rest.find('\0'));
-            if (!path.empty()) addSource(path);
+            if (!path.empty()) {
+                if (Problem problem = addSource(path)) return problem;
+            }
             rest.remove_prefix(std::min(path.size() + 1, rest.size()));
         }
         return std::nullopt;
