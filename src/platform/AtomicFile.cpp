@@ -2,6 +2,7 @@
 #include "platform/AtomicFile.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -149,8 +150,14 @@ int replaceFile(const std::string& path, const struct stat* old, std::string_vie
 int writeAll(int descriptor, std::string_view bytes) {
     while (!bytes.empty()) {
         const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
-        if (written < 0 && errno != EINTR) return errno;
-        if (written > 0) bytes.remove_prefix(static_cast<std::size_t>(written));
+        if (written > 0) {
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+        } else if (written < 0 && errno == EAGAIN) {
+            pollfd writable = {descriptor, POLLOUT, 0};
+            ::poll(&writable, 1, -1);
+        } else if (written < 0 && errno != EINTR) {
+            return errno;
+        }
     }
     return 0;
 }

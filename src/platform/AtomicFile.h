@@ -6,8 +6,8 @@
 
 namespace marquell::platform {
 
-/// Writes all of `bytes` to an open descriptor, through short writes and interruptions. Returns 0
-/// or errno.
+/// Writes all of `bytes` to an open descriptor, through short writes and interruptions; waits for
+/// the reader also where the descriptor is set not to. Returns 0 or errno.
 int writeAll(int descriptor, std::string_view bytes);
 
 /// Puts `bytes` at `path` whole or not at all. A regular file, or a new one, is written beside the
