@@ -90,7 +90,8 @@ private:
 int main(int argumentCount, char** arguments) {
     using namespace marquell::apps;
     occupyClosedStreams();
-    std::signal(SIGPIPE, SIG_IGN);
+    // A reader that went away or a limit on file sizes is an error of the write, not our end.
+    for (const int signal : {SIGPIPE, SIGXFSZ}) std::signal(signal, SIG_IGN);
     std::setlocale(LC_ALL, "");
     return static_cast<int>(
         std::visit(RequestRunner{}, parseCommandLine(argumentCount, arguments)));
