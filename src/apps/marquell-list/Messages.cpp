@@ -10,6 +10,8 @@
 
 #include "platform/AtomicFile.h"
 #include "platform/DiagnosticText.h"
+#include "platform/UnicodeText.h"
+#include "platform/Utf8.h"
 
 namespace marquell::apps {
 
@@ -22,7 +24,11 @@ void printMessage(std::string_view message) {
 
 std::string quoted(std::string_view text) { return '"' + platform::diagnosticText(text) + '"'; }
 
-std::size_t editDistance(std::string_view a, std::string_view b) {
+std::size_t editDistance(std::string_view word, std::string_view other) {
+    std::string a;
+    std::string b;
+    platform::appendCaseInsensitiveKey(a, platform::displayText(word));
+    platform::appendCaseInsensitiveKey(b, platform::displayText(other));
     std::vector<std::size_t> row(b.size() + 1);
     std::iota(row.begin(), row.end(), 0);
     for (std::size_t i = 0; i < a.size(); ++i) {

@@ -17,8 +17,8 @@ std::string quoted(std::string_view text);
 template <typename Candidates>
 std::string suggestion(std::string_view word, const Candidates& candidates);
 
-/// Single-character changes that turn one word into the other.
-std::size_t editDistance(std::string_view a, std::string_view b);
+/// Single-byte changes that turn one word into the other, letter case being none.
+std::size_t editDistance(std::string_view word, std::string_view other);
 
 template <typename Candidates>
 std::string suggestion(std::string_view word, const Candidates& candidates) {

@@ -69,7 +69,9 @@ struct RequestRunner {
         if (request.jobs) platform::setWorkerCount(*request.jobs);
         if (!request.quiet) hintAtUndeliveredColumns(request.snapshot);
         const FailureCollector failures;
-        const auto text = makeText(request);
+        // The run outlives the delivery, so that a list of millions is given back meanwhile.
+        ListRun run;
+        const auto text = makeText(run, request);
         const bool anyFailures = failures.report();
         const ExitStatus delivered = deliver(text->view(), request.outputFile);
         if (delivered != ExitStatus::success || !anyFailures) return delivered;
@@ -77,10 +79,10 @@ struct RequestRunner {
     }
 
 private:
-    static std::shared_ptr<const platform::TextBuffer> makeText(const ListRequest& request) {
+    static std::shared_ptr<const platform::TextBuffer> makeText(ListRun& run,
+                                                                const ListRequest& request) {
         ProgressLine progress(!request.quiet);
-        return ListRun().run(request.snapshot,
-                             [&progress](const auto& stage) { progress.show(stage); });
+        return run.run(request.snapshot, [&progress](const auto& stage) { progress.show(stage); });
     }
 };
 
