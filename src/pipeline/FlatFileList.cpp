@@ -17,7 +17,7 @@ namespace {
 /// Memory for keys that are made and dropped together.
 class KeyBlock {
 public:
-    std::string_view keep(std::string_view key) {
+    const char* keep(std::string_view key) {
         if (key.size() > room_) {
             room_ = std::max(key.size(), blockSize);
             blocks_.push_back(std::make_unique_for_overwrite<char[]>(room_));
@@ -27,7 +27,7 @@ public:
         std::memcpy(kept, key.data(), key.size());
         next_ += key.size();
         room_ -= key.size();
-        return {kept, key.size()};
+        return kept;
     }
 
 private:
@@ -99,6 +99,7 @@ private:
                 key.clear();
                 maker.append(key, *files_[item.index]);
                 item.key = keys.keep(key);
+                item.keyLength = static_cast<std::uint32_t>(key.size());
             }
             const std::lock_guard lock(keyBlocksMutex_);
             keyBlocks_.push_back(std::move(keys));

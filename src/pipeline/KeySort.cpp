@@ -17,10 +17,11 @@ struct Group {
     std::size_t depth;
 };
 
-std::uint64_t bytesAt(std::string_view key, std::size_t depth) {
+/// The highest byte first, zeros behind the end of the key.
+std::uint64_t bytesAt(const SortItem& item, std::size_t depth) {
     std::uint64_t word = 0;
-    if (depth < key.size()) {
-        std::memcpy(&word, key.data() + depth, std::min(windowSize, key.size() - depth));
+    if (depth < item.keyLength) {
+        std::memcpy(&word, item.key + depth, std::min(windowSize, item.keyLength - depth));
     }
     if constexpr (std::endian::native == std::endian::little) word = __builtin_bswap64(word);
     return word;
@@ -48,7 +49,7 @@ public:
 private:
     void sortWindow(const Group& group) {
         const auto part = items_.subspan(group.begin, group.end - group.begin);
-        for (SortItem& item : part) item.window = bytesAt(item.key, group.depth) ^ flip_;
+        for (SortItem& item : part) item.window = bytesAt(item, group.depth) ^ flip_;
         const auto before = [](const SortItem& a, const SortItem& b) {
             return a.window < b.window;
         };
@@ -61,9 +62,9 @@ private:
         std::size_t begin = group.begin;
         while (begin < group.end) {
             std::size_t end = begin + 1;
-            std::size_t longest = items_[begin].key.size();
+            std::uint32_t longest = items_[begin].keyLength;
             while (end < group.end && items_[end].window == items_[begin].window) {
-                longest = std::max(longest, items_[end].key.size());
+                longest = std::max(longest, items_[end].keyLength);
                 ++end;
             }
             if (end - begin > 1) keep({begin, end, group.depth + windowSize}, longest);

@@ -5,16 +5,16 @@
 #include <cstdint>
 #include <functional>
 #include <span>
-#include <string_view>
 #include <vector>
 
 namespace marquell::pipeline {
 
 /// Something to be sorted by a byte string that lives elsewhere.
 struct SortItem {
-    std::string_view key;
-    std::uint64_t window = 0;  ///< scratch of the sort: eight bytes of the key
+    const char* key = nullptr;
+    std::uint32_t keyLength = 0;
     std::uint32_t index = 0;   ///< what the item stands for
+    std::uint64_t window = 0;  ///< scratch of the sort: eight bytes of the key
 };
 
 /// Asked now and then by long work; true makes it end early, its result then being worthless.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pipeline/SortKeys.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -39,10 +40,36 @@ void appendText(std::string& key, const Node& node, std::string_view bytes) {
     }
 }
 
+constexpr std::size_t longestZeroRun = 64;
+
+/// Appends `text` with each run of "0" as one "0" and a byte that keeps the order: what comes
+/// behind the run decides whether a longer run is the higher or the lower one. Padded numbers would
+/// make keys several times as long.
+void appendWithShortZeroRuns(std::string& key, std::string_view text) {
+    constexpr std::size_t byteValues = 255;
+    constexpr char runGoesOn = static_cast<char>(0x80);
+    while (!text.empty()) {
+        const std::size_t zero = std::min(text.find('0'), text.size());
+        key.append(text.substr(0, zero));
+        text.remove_prefix(zero);
+        if (text.empty()) return;
+        const std::size_t run =
+            std::min({text.find_first_not_of('0'), text.size(), longestZeroRun});
+        text.remove_prefix(run);
+        const bool higherFollows = !text.empty() && static_cast<unsigned char>(text[0]) > '0';
+        key.push_back('0');
+        if (!text.empty() && text[0] == '0') {
+            key.push_back(runGoesOn);
+        } else {
+            key.push_back(static_cast<char>(higherFollows ? byteValues - run : run));
+        }
+    }
+}
+
 void appendSmartText(std::string& key, const Node& node, std::string_view bytes) {
     const std::string expanded = node.isText() ? stringByExpandingAllNumberGroups(bytes)
                                                : stringByExpandingAllNumberGroups(node.text(bytes));
-    platform::appendCaseInsensitiveKey(key, expanded);
+    appendWithShortZeroRuns(key, textSortKey(expanded));
 }
 
 void appendSmartName(std::string& key, Node& node) { appendSmartText(key, node, node.name()); }
