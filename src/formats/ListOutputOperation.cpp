@@ -18,7 +18,7 @@ std::vector<Column> columnsOf(const std::vector<std::string>& ids) {
 
 /// A sorted list visits its nodes in no order of memory: without asking for them some rows in
 /// advance, fetching each from memory takes longer than writing its row.
-constexpr std::size_t rowsPrefetched = 8;
+constexpr std::size_t rowsPrefetched = 16;
 
 void prefetch(const std::vector<std::shared_ptr<Node>>& files, std::size_t row) {
     if (row >= files.size()) return;

@@ -67,9 +67,18 @@ void appendWithShortZeroRuns(std::string& key, std::string_view text) {
 }
 
 void appendSmartText(std::string& key, const Node& node, std::string_view bytes) {
-    const std::string expanded = node.isText() ? stringByExpandingAllNumberGroups(bytes)
-                                               : stringByExpandingAllNumberGroups(node.text(bytes));
-    appendWithShortZeroRuns(key, textSortKey(expanded));
+    // Kept between calls: allocating them anew would take longer than filling them.
+    thread_local std::string expanded;
+    thread_local std::string folded;
+    expanded.clear();
+    folded.clear();
+    if (node.isText()) {
+        appendByExpandingAllNumberGroups(expanded, bytes);
+    } else {
+        appendByExpandingAllNumberGroups(expanded, node.text(bytes));
+    }
+    platform::appendCaseInsensitiveKey(folded, expanded);
+    appendWithShortZeroRuns(key, folded);
 }
 
 void appendSmartName(std::string& key, Node& node) { appendSmartText(key, node, node.name()); }

@@ -78,18 +78,21 @@ std::string_view withoutNewlinesAround(std::string_view text) {
 
 }  // namespace
 
-std::string stringByExpandingAllNumberGroups(std::string_view text) {
-    std::string result;
-    result.reserve(text.size() + numberWidth);
+void appendByExpandingAllNumberGroups(std::string& result, std::string_view text) {
     if (platform::isAscii(text)) {
         expandAscii(result, text);
-        return result;
+        return;
     }
     NumberGroupExpander expander(result);
     platform::forEachCharacter(text, [&expander](std::string_view character) {
         expander.add(character, platform::isNumberCharacter(character));
     });
     expander.finishRun();
+}
+
+std::string stringByExpandingAllNumberGroups(std::string_view text) {
+    std::string result;
+    appendByExpandingAllNumberGroups(result, text);
     return result;
 }
 

@@ -12,6 +12,8 @@ namespace marquell::pipeline {
 /// Pads each run of number characters with "0" in front to 32 characters, so that plain text
 /// comparison orders numbers in names by value.
 std::string stringByExpandingAllNumberGroups(std::string_view text);
+/// The same, appended.
+void appendByExpandingAllNumberGroups(std::string& result, std::string_view text);
 
 /// Line feeds, carriage returns and tabs as backslash and letter. Backslashes are not doubled.
 std::string withEncodedLineBreaksAndTabs(std::string_view text);

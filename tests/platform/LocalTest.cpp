@@ -88,14 +88,13 @@ INSTANTIATE_TEST_SUITE_P(Zones, DatesOfZone,
 TEST(DateFormatter, GoesOnBeforeAndAfterFourDigitYears) {
     const tests::Environment zone{{"TZ", "UTC"}};
     DateFormatter formatter(DateStyle::dateAndTime);
-    for (const auto& [seconds, text] : {
-             std::pair<std::int64_t, const char*>{-62'135'596'801, "0000-12-31 23:59:59"},
-             {-62'167'219'201, "-0001-12-31 23:59:59"},
-             {253'402'300'800, "10000-01-01 00:00:00"},
-             {0, "1970-01-01 00:00:00"},
-             {-1, "1969-12-31 23:59:59"},
-             {67'768'036'191'676'799, "2147485547-12-31 23:59:59"},
-         }) {
+    for (const auto& [seconds, text] :
+         {std::pair<std::int64_t, const char*>{-62'135'596'801, "0000-12-31 23:59:59"},
+          {-62'167'219'201, "-0001-12-31 23:59:59"},
+          {253'402'300'800, "10000-01-01 00:00:00"},
+          {0, "1970-01-01 00:00:00"},
+          {-1, "1969-12-31 23:59:59"},
+          {67'768'036'191'676'799, "2147485547-12-31 23:59:59"}}) {
         EXPECT_EQ(formatted(formatter, seconds), text);
     }
     DateFormatter medium(DateStyle::mediumDateShortTime);
@@ -113,18 +112,16 @@ TEST(Locale, IsTheFirstOfTheThreeVariablesThatIsSet) {
         const char* date;
         const char* separator;
     };
-    for (const Row& row : {
-             Row{"", "", "", "Mar 9, 2024, 2:05 PM", "."},
-             Row{"", "", "de_DE.UTF-8", "09.03.2024, 14:05", ","},
-             Row{"", "en_GB.UTF-8", "de_DE.UTF-8", "9 Mar 2024, 14:05", "."},
-             Row{"fr_CH.UTF-8", "en_GB", "de_DE", "9 mars 2024, 14:05", ","},
-             Row{"C.UTF-8", "de_DE", "de_DE", "Mar 9, 2024, 2:05 PM", "."},
-             Row{"POSIX", "de_DE", "", "Mar 9, 2024, 2:05 PM", "."},
-             Row{"en_US.UTF-8", "", "", "Mar 9, 2024, 2:05 PM", "."},
-             Row{"de_AT@euro", "", "", "09.03.2024, 14:05", ","},
-             Row{"th_TH.UTF-8", "", "", "9 มี.ค. 2567 14:05", "."},
-             Row{"ar_EG.UTF-8", "", "", "٠٩\u200F/٠٣\u200F/٢٠٢٤، ٢:٠٥ م", "٫"},
-         }) {
+    for (const Row& row : {Row{"", "", "", "Mar 9, 2024, 2:05 PM", "."},
+                           Row{"", "", "de_DE.UTF-8", "09.03.2024, 14:05", ","},
+                           Row{"", "en_GB.UTF-8", "de_DE.UTF-8", "9 Mar 2024, 14:05", "."},
+                           Row{"fr_CH.UTF-8", "en_GB", "de_DE", "9 mars 2024, 14:05", ","},
+                           Row{"C.UTF-8", "de_DE", "de_DE", "Mar 9, 2024, 2:05 PM", "."},
+                           Row{"POSIX", "de_DE", "", "Mar 9, 2024, 2:05 PM", "."},
+                           Row{"en_US.UTF-8", "", "", "Mar 9, 2024, 2:05 PM", "."},
+                           Row{"de_AT@euro", "", "", "09.03.2024, 14:05", ","},
+                           Row{"th_TH.UTF-8", "", "", "9 มี.ค. 2567 14:05", "."},
+                           Row{"ar_EG.UTF-8", "", "", "٠٩\u200F/٠٣\u200F/٢٠٢٤، ٢:٠٥ م", "٫"}}) {
         const tests::Environment locale{{"TZ", "Asia/Tokyo"},
                                         {"LC_ALL", row.all},
                                         {"LC_TIME", row.category},
@@ -139,32 +136,30 @@ TEST(Locale, IsTheFirstOfTheThreeVariablesThatIsSet) {
 }
 
 TEST(ByteCount, RoundsHalvesToEvenAndMovesToTheNextUnit) {
-    for (const auto& [bytes, text] : {
-             std::pair<std::int64_t, const char*>{0, "Zero KB"},
-             {1, "1 byte"},
-             {2, "2 bytes"},
-             {999, "999 bytes"},
-             {1000, "1 KB"},
-             {1499, "1 KB"},
-             {1500, "2 KB"},
-             {2500, "2 KB"},
-             {2501, "3 KB"},
-             {3500, "4 KB"},
-             {999'499, "999 KB"},
-             {999'500, "1 MB"},
-             {1'049'999, "1 MB"},
-             {1'050'000, "1 MB"},
-             {1'050'001, "1,1 MB"},
-             {1'150'000, "1,2 MB"},
-             {999'949'999, "999,9 MB"},
-             {999'950'000, "1 GB"},
-             {1'005'000'000, "1 GB"},
-             {1'015'000'000, "1,02 GB"},
-             {1'100'000'000, "1,1 GB"},
-             {999'995'000'000, "1 TB"},
-             {123'456'789'012'345'678, "123,46 PB"},
-             {INT64_MAX, "9,22 EB"},
-         }) {
+    for (const auto& [bytes, text] : {std::pair<std::int64_t, const char*>{0, "Zero KB"},
+                                      {1, "1 byte"},
+                                      {2, "2 bytes"},
+                                      {999, "999 bytes"},
+                                      {1000, "1 KB"},
+                                      {1499, "1 KB"},
+                                      {1500, "2 KB"},
+                                      {2500, "2 KB"},
+                                      {2501, "3 KB"},
+                                      {3500, "4 KB"},
+                                      {999'499, "999 KB"},
+                                      {999'500, "1 MB"},
+                                      {1'049'999, "1 MB"},
+                                      {1'050'000, "1 MB"},
+                                      {1'050'001, "1,1 MB"},
+                                      {1'150'000, "1,2 MB"},
+                                      {999'949'999, "999,9 MB"},
+                                      {999'950'000, "1 GB"},
+                                      {1'005'000'000, "1 GB"},
+                                      {1'015'000'000, "1,02 GB"},
+                                      {1'100'000'000, "1,1 GB"},
+                                      {999'995'000'000, "1 TB"},
+                                      {123'456'789'012'345'678, "123,46 PB"},
+                                      {INT64_MAX, "9,22 EB"}}) {
         EXPECT_EQ(byteCountText(bytes, ","), text) << bytes;
     }
 }

@@ -12,20 +12,11 @@ namespace {
 
 TEST(Path, SplitsNamesAtTheLastDotThatIsNotTheFirstCharacter) {
     using Row = std::array<const char*, 3>;
-    for (const auto& [name, stem, extension] : {
-             Row{"a.txt", "a", "txt"},
-             Row{"a.tar.gz", "a.tar", "gz"},
-             Row{".profile", ".profile", ""},
-             Row{"a.", "a", ""},
-             Row{"..a", ".", "a"},
-             Row{"scratch..tiff", "scratch.", "tiff"},
-             Row{".", ".", ""},
-             Row{"..", ".", ""},
-             Row{"a. b", "a", " b"},
-             Row{"plain", "plain", ""},
-             Row{"\xff.\xfe", "\xff", "\xfe"},
-             Row{"", "", ""},
-         }) {
+    for (const auto& [name, stem, extension] :
+         {Row{"a.txt", "a", "txt"}, Row{"a.tar.gz", "a.tar", "gz"}, Row{".profile", ".profile", ""},
+          Row{"a.", "a", ""}, Row{"..a", ".", "a"}, Row{"scratch..tiff", "scratch.", "tiff"},
+          Row{".", ".", ""}, Row{"..", ".", ""}, Row{"a. b", "a", " b"}, Row{"plain", "plain", ""},
+          Row{"\xff.\xfe", "\xff", "\xfe"}, Row{"", "", ""}}) {
         EXPECT_EQ(splitExtension(name).stem, stem) << name;
         EXPECT_EQ(splitExtension(name).extension, extension) << name;
     }
@@ -33,20 +24,12 @@ TEST(Path, SplitsNamesAtTheLastDotThatIsNotTheFirstCharacter) {
 
 TEST(Path, MakesPathsAbsoluteInTheirText) {
     using Row = std::array<const char*, 3>;
-    for (const auto& [path, base, absolute] : {
-             Row{"a", "/b/c", "/b/c/a"},
-             Row{".", "/b", "/b"},
-             Row{"..", "/b", "/"},
-             Row{"../../..", "/b", "/"},
-             Row{"x/../y/.//z/", "/", "/y/z"},
-             Row{"/", "/b", "/"},
-             Row{"//a///b//", "/c", "/a/b"},
-             Row{"/a/../../b/.", "/c", "/b"},
-             Row{"...", "/b", "/b/..."},
-             Row{"\xff\n", "/b", "/b/\xff\n"},
-             Row{"", "/b", ""},
-             Row{"a", "/b/./c/../d//", "/b/d/a"},
-         }) {
+    for (const auto& [path, base, absolute] :
+         {Row{"a", "/b/c", "/b/c/a"}, Row{".", "/b", "/b"}, Row{"..", "/b", "/"},
+          Row{"../../..", "/b", "/"}, Row{"x/../y/.//z/", "/", "/y/z"}, Row{"/", "/b", "/"},
+          Row{"//a///b//", "/c", "/a/b"}, Row{"/a/../../b/.", "/c", "/b"},
+          Row{"...", "/b", "/b/..."}, Row{"\xff\n", "/b", "/b/\xff\n"}, Row{"", "/b", ""},
+          Row{"a", "/b/./c/../d//", "/b/d/a"}}) {
         EXPECT_EQ(absolutePath(path, base), absolute) << path << " below " << base;
     }
 }

@@ -113,20 +113,19 @@ TEST(UnicodeText, CountsWhatUsersSeeAsCharacters) {
 }
 
 TEST(DiagnosticText, CannotForgeLinesOrSteerTerminals) {
-    const std::string two_hundred(200, 'x');
+    const std::string twoHundred(200, 'x');
     std::string wide;
     for (int i = 0; i < 201; ++i) wide += "😀";
-    for (const auto& [bytes, shown] : {
-             std::pair<std::string, std::string>{"a b\"é", "a b\"é"},
-             {std::string("\0\n", 2), "\\u{0}\\u{a}"},
-             {"\x1b[2J\x7f\u009b", "\\u{1b}[2J\\u{7f}\\u{9b}"},
-             {"\u202Egpj\u2066\u200F\u2028", "\\u{202e}gpj\\u{2066}\\u{200f}\\u{2028}"},
-             {"\x9b\xff", "\uFFFD\uFFFD"},
-             {two_hundred, two_hundred},
-             {two_hundred + "y", two_hundred + "…"},
-             {wide, wide.substr(0, 800) + "…"},
-             {std::string(1000, '\xff') + "\n", displayText(std::string(200, '\xff')) + "…"},
-         }) {
+    for (const auto& [bytes, shown] :
+         {std::pair<std::string, std::string>{"a b\"é", "a b\"é"},
+          {std::string("\0\n", 2), "\\u{0}\\u{a}"},
+          {"\x1b[2J\x7f\u009b", "\\u{1b}[2J\\u{7f}\\u{9b}"},
+          {"\u202Egpj\u2066\u200F\u2028", "\\u{202e}gpj\\u{2066}\\u{200f}\\u{2028}"},
+          {"\x9b\xff", "\uFFFD\uFFFD"},
+          {twoHundred, twoHundred},
+          {twoHundred + "y", twoHundred + "…"},
+          {wide, wide.substr(0, 800) + "…"},
+          {std::string(1000, '\xff') + "\n", displayText(std::string(200, '\xff')) + "…"}}) {
         EXPECT_EQ(diagnosticText(bytes), shown);
     }
 }
