@@ -11,38 +11,18 @@
 
 #include "metadata/MetadataKey.h"
 #include "metadata/MetadataSource.h"
+#include "metadata/PathKey.h"
 #include "metadata/WrappedMetaDataValue.h"
 #include "platform/FileSystem.h"
 
 namespace marquell::metadata {
-
-/// Where the store found a path's record, kept by whoever asks often for the same path. Belongs to
-/// the store: nobody else looks inside.
-struct RecordPlace {
-    void* record = nullptr;
-    std::uint32_t generation = 0;  ///< of the store's content; 0 for never found
-};
-
-/// A full path with what saves the store from searching for it. The path's bytes and the place
-/// belong to the caller; a place serves one path only.
-struct PathKey {
-    PathKey(std::string_view fullPath);  // NOLINT(google-explicit-constructor): any path serves
-    PathKey(std::string_view fullPath, std::size_t knownHash, RecordPlace* knownPlace = nullptr)
-        : path(fullPath), hash(knownHash), place(knownPlace) {}
-
-    std::string_view path;
-    std::size_t hash;
-    RecordPlace* place = nullptr;
-};
 
 /// All that extraction has found out, by path, key and source. A cache for the life of the process:
 /// nothing is written to disk or evicted, and values stand until clear(). Every operation may be
 /// called from any thread. What a thread has stored it can read at once; who sees a source's
 /// `retrieved` flag sees all values that the source stored before it.
 ///
-/// Paths are spread over shards with a lock each, which is held for a look-up and a copy only. What
-/// the basic source finds for every file has a fixed record; its texts are made when they are read,
-/// which keeps a million files in a few dozen bytes each.
+/// Paths are spread over shards with a lock each, which is held for a look-up and a copy only.
 class MetadataStorage {
 public:
     MetadataStorage();
@@ -101,15 +81,10 @@ public:
     std::int64_t itemCounter() const { return itemCounter_.load(std::memory_order_relaxed); }
 
 private:
-    struct PathRecord;
-    struct Records;
     struct Shard;
     static constexpr std::size_t shardCount = 64;
 
     Shard& shardOf(const PathKey& path) const;
-    static std::optional<StoredValue> find(const PathRecord& record, MetadataKey key,
-                                           MetadataSource source);
-
     std::unique_ptr<std::array<Shard, shardCount>> shards_;
     std::atomic<std::int64_t> itemCounter_ = 0;
 };

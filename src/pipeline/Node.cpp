@@ -98,7 +98,7 @@ metadata::PathKey Node::pathKey() const {
         hash = metadata::PathKey(absolutePath()).hash;
         pathHash_.store(hash, std::memory_order_relaxed);
     }
-    return {absolutePath(), hash, &recordPlace_};
+    return {absolutePath(), hash, recordPlace_};
 }
 
 }  // namespace marquell::pipeline

@@ -69,6 +69,8 @@ public:
 
     /// The store's key of this node, good as long as the node. Hashed at the first call.
     metadata::PathKey pathKey() const;
+    /// Asks memory for what a look-up of this node's metadata will want soon.
+    void prefetchMetadata() const { recordPlace_.prefetch(); }
 
     /// A value as cells show it; starts the extraction when it is not known and doesn't wait.
     metadata::DisplayStringWrapper getDisplayString(std::string_view forMetaDataKey);
