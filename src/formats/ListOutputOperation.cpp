@@ -5,6 +5,7 @@
 #include <variant>
 
 #include "metadata/RunAhead.h"
+#include "pipeline/NodePrefetch.h"
 
 namespace marquell::formats {
 namespace {
@@ -14,21 +15,6 @@ using pipeline::Node;
 
 std::vector<Column> columnsOf(const std::vector<std::string>& ids) {
     return {ids.begin(), ids.end()};
-}
-
-/// A sorted list visits its nodes in no order of memory: without asking for them some rows in
-/// advance, fetching each from memory takes longer than writing its row. A node tells where its
-/// metadata is, which therefore comes nearer to its row.
-constexpr std::size_t nodesAhead = 24;
-constexpr std::size_t metadataAhead = 12;
-
-void prefetchAhead(const std::vector<std::shared_ptr<Node>>& files, std::size_t row) {
-    if (row + nodesAhead >= files.size()) return;
-    const auto* node = reinterpret_cast<const char*>(files[row + nodesAhead].get());
-    __builtin_prefetch(node);
-    __builtin_prefetch(node + 64);
-    __builtin_prefetch(node + 128);
-    files[row + metadataAhead]->prefetchMetadata();
 }
 
 /// A value's text by the item formatter.
@@ -73,7 +59,7 @@ bool ListOutputOperation::appendRows() {
     metadata::RunAhead ahead(flatFileList_->files, columns_);
     for (std::size_t row = 0; row < flatFileList_->files.size(); ++row) {
         if (isAbandoned()) return false;
-        prefetchAhead(flatFileList_->files, row);
+        pipeline::prefetchAhead(flatFileList_->files, row);
         ahead.waitFor(row);
         readCells(*flatFileList_->files[row]);
         appendRow(*text_, cells_);

@@ -5,6 +5,7 @@
 
 #include "metadata/DataCoordinator.h"
 #include "metadata/MetadataStorage.h"
+#include "pipeline/NodePrefetch.h"
 #include "platform/Workers.h"
 
 namespace marquell::metadata {
@@ -66,7 +67,10 @@ bool RunAhead::extractNextBlock() {
     const std::size_t block = nextBlock_.fetch_add(1, std::memory_order_relaxed);
     if (block >= isDone_.size()) return false;
     const std::size_t end = std::min((block + 1) * blockSize_, files_.size());
-    for (std::size_t i = block * blockSize_; i < end; ++i) extract(*files_[i]);
+    for (std::size_t i = block * blockSize_; i < end; ++i) {
+        pipeline::prefetchAhead(files_, i);
+        extract(*files_[i]);
+    }
     isDone_[block].store(1, std::memory_order_release);
     isDone_[block].notify_all();
     return true;

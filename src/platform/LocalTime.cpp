@@ -8,7 +8,8 @@ namespace marquell::platform {
 namespace {
 
 constexpr std::int64_t secondsPerDay = 86400;
-constexpr std::size_t cachedDays = 4096;  // a power of two, for eleven years of dates
+constexpr std::size_t cachedDays = 16384;  // a power of two, for 45 years of dates
+constexpr std::int32_t clocksChange = INT32_MAX;
 
 std::int64_t floorDivide(std::int64_t value, std::int64_t divisor) {
     return value / divisor - (value % divisor < 0 ? 1 : 0);
@@ -55,15 +56,16 @@ LocalZone::LocalZone() { ::tzset(); }
 
 std::int64_t LocalZone::offsetAt(std::int64_t seconds) {
     const std::int64_t day = floorDivide(seconds, secondsPerDay);
+    if (day <= INT32_MIN || day > INT32_MAX) return askSystem(seconds);
     if (days_.empty()) days_.resize(cachedDays);
     CachedDay& cached = days_[static_cast<std::size_t>(day) % cachedDays];
     if (cached.day != day) {
-        const std::int64_t start = day * secondsPerDay;
-        cached.day = day;
-        cached.offset = askSystem(start);
-        cached.constant = askSystem(start + secondsPerDay - 1) == cached.offset;
+        const std::int64_t first = askSystem(day * secondsPerDay);
+        const std::int64_t last = askSystem((day + 1) * secondsPerDay - 1);
+        cached.day = static_cast<std::int32_t>(day);
+        cached.offset = first == last ? static_cast<std::int32_t>(first) : clocksChange;
     }
-    return cached.constant ? cached.offset : askSystem(seconds);
+    return cached.offset != clocksChange ? cached.offset : askSystem(seconds);
 }
 
 }  // namespace marquell::platform

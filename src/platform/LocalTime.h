@@ -30,9 +30,8 @@ public:
 
 private:
     struct CachedDay {
-        std::int64_t day = INT64_MIN;
-        std::int64_t offset = 0;
-        bool constant = false;  ///< false on a day on which the clocks change
+        std::int32_t day = INT32_MIN;
+        std::int32_t offset = 0;  ///< or clocksChange
     };
     std::vector<CachedDay> days_;
 };
