@@ -35,12 +35,13 @@ std::tm localFields(std::int64_t seconds) {
 /// The moments at which the clocks change, those around them, and the ends of their days.
 std::vector<std::int64_t> changes() {
     constexpr std::int64_t day = 86400;
+    constexpr std::int64_t week = 7 * day;
     const auto offset = [](std::int64_t moment) { return localFields(moment).tm_gmtoff; };
     std::vector<std::int64_t> moments;
-    for (std::int64_t start = -110 * 365 * day; start < 90 * 365 * day; start += day) {
-        if (offset(start) == offset(start + day)) continue;
+    for (std::int64_t start = -110 * 52 * week; start < 90 * 52 * week; start += week) {
+        if (offset(start) == offset(start + week)) continue;
         std::int64_t before = start;
-        std::int64_t after = start + day;
+        std::int64_t after = start + week;
         while (after - before > 1) {
             const std::int64_t middle = before + (after - before) / 2;
             (offset(middle) == offset(start) ? before : after) = middle;
@@ -48,7 +49,8 @@ std::vector<std::int64_t> changes() {
         for (const std::int64_t distance : {0, 1, 1800, 3600, 5400, 7200, 86400}) {
             moments.insert(moments.end(), {before - distance, after + distance});
         }
-        moments.insert(moments.end(), {start - 1, start, start + day - 1, start + day});
+        const std::int64_t midnight = after - (after % day + day) % day;
+        moments.insert(moments.end(), {midnight - 1, midnight, midnight + day - 1, midnight + day});
     }
     return moments;
 }
@@ -64,8 +66,8 @@ TEST_P(DatesOfZone, AreThoseOfTheSystem) {
     std::mt19937_64 random(1);
     std::uniform_int_distribution<std::int64_t> fourCenturies(-6'000'000'000, 6'000'000'000);
     std::uniform_int_distribution<std::int64_t> fourDigitYears(-62'135'000'000, 253'402'000'000);
-    for (int i = 0; i < 20'000; ++i) moments.push_back(fourCenturies(random));
-    for (int i = 0; i < 20'000; ++i) moments.push_back(fourDigitYears(random));
+    for (int i = 0; i < 5'000; ++i) moments.push_back(fourCenturies(random));
+    for (int i = 0; i < 5'000; ++i) moments.push_back(fourDigitYears(random));
     std::shuffle(moments.begin(), moments.end(), random);
     for (const std::int64_t moment : moments) {
         const std::tm fields = localFields(moment);
