@@ -23,12 +23,6 @@ std::int64_t basicValueCount(const platform::EntryAttributes& attributes) {
     return sizeKeys + (attributes.creation ? 1 : 0) + (attributes.modification ? 1 : 0);
 }
 
-WrappedMetaDataValue wrapped(std::optional<StoredValue> value) {
-    if (!value) return None{};
-    return std::visit([](auto&& held) -> WrappedMetaDataValue { return std::move(held); },
-                      std::move(*value));
-}
-
 }  // namespace
 
 struct alignas(64) MetadataStorage::Shard {
@@ -78,7 +72,7 @@ WrappedMetaDataValue MetadataStorage::getWrappedValue(const PathKey& fullPath, M
     const Shard& shard = shardOf(fullPath);
     const std::lock_guard lock(shard.mutex);
     const PathRecord* record = shard.records->find(fullPath);
-    return record != nullptr ? wrapped(record->find(key, source)) : None{};
+    return record != nullptr ? record->find(key, source) : None{};
 }
 
 WrappedMetaDataValue MetadataStorage::getWrappedValue(const PathKey& fullPath,
@@ -131,7 +125,7 @@ std::optional<WrappedMetaDataValue> MetadataStorage::getValueIfRetrieved(
     const std::lock_guard lock(shard.mutex);
     const PathRecord* record = shard.records->find(fullPath);
     if (record == nullptr || !record->isRetrieved(source)) return std::nullopt;
-    return wrapped(record->find(key, source));
+    return record->find(key, source);
 }
 
 bool MetadataStorage::beginRetrieval(const PathKey& fullPath, MetadataSource source) {

@@ -40,26 +40,28 @@ void PathRecord::storeBasicInformation(const platform::EntryAttributes& attribut
         attributes.modification ? attributes.modification->nanoseconds : noDate;
     hasBasicInformation_ = true;
     std::erase_if(entries_, [this](const Entry& entry) {
-        return entry.source == MetadataSource::basic && basicValue(entry.key);
+        return entry.source == MetadataSource::basic &&
+               !std::holds_alternative<None>(basicValue(entry.key));
     });
 }
 
-std::optional<StoredValue> PathRecord::find(MetadataKey key, MetadataSource source) const {
+WrappedMetaDataValue PathRecord::find(MetadataKey key, MetadataSource source) const {
     if (key == MetadataKey::retrieved) {
-        return isRetrieved(source) ? std::optional<StoredValue>(true) : std::nullopt;
+        return isRetrieved(source) ? WrappedMetaDataValue(true) : None{};
     }
     for (const Entry& entry : entries_) {
-        if (entry.key == key && entry.source == source) return entry.value;
+        if (entry.key != key || entry.source != source) continue;
+        return std::visit([](const auto& held) -> WrappedMetaDataValue { return held; },
+                          entry.value);
     }
     if (source == MetadataSource::basic && hasBasicInformation_) return basicValue(key);
-    return std::nullopt;
+    return None{};
 }
 
-std::optional<StoredValue> PathRecord::basicValue(MetadataKey key) const {
-    const auto date = [](std::int64_t seconds, std::uint32_t nanoseconds) {
-        return nanoseconds == noDate
-                   ? std::nullopt
-                   : std::optional<StoredValue>(platform::Date{seconds, nanoseconds});
+WrappedMetaDataValue PathRecord::basicValue(MetadataKey key) const {
+    const auto date = [](std::int64_t seconds, std::uint32_t nanoseconds) -> WrappedMetaDataValue {
+        if (nanoseconds == noDate) return None{};
+        return platform::Date{seconds, nanoseconds};
     };
     switch (key) {
         case MetadataKey::size:
@@ -79,7 +81,7 @@ std::optional<StoredValue> PathRecord::basicValue(MetadataKey key) const {
         case MetadataKey::retrieved:
             break;
     }
-    return std::nullopt;
+    return None{};
 }
 
 }  // namespace marquell::metadata

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -27,7 +26,7 @@ public:
     /// Replaces an earlier value of the same key and source.
     void store(MetadataKey key, MetadataSource source, StoredValue value);
     void storeBasicInformation(const platform::EntryAttributes& attributes);
-    std::optional<StoredValue> find(MetadataKey key, MetadataSource source) const;
+    WrappedMetaDataValue find(MetadataKey key, MetadataSource source) const;
 
     bool isRetrieved(MetadataSource source) const { return (retrieved_ & bitOf(source)) != 0; }
     void setRetrieved(MetadataSource source, bool retrieved) { set(retrieved_, source, retrieved); }
@@ -51,7 +50,7 @@ private:
         bits = static_cast<std::uint8_t>(on ? bits | bitOf(source) : bits & ~bitOf(source));
     }
 
-    std::optional<StoredValue> basicValue(MetadataKey key) const;
+    WrappedMetaDataValue basicValue(MetadataKey key) const;
 
     static constexpr std::uint32_t noDate = UINT32_MAX;
 

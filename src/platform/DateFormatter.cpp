@@ -13,29 +13,32 @@
 namespace marquell::platform {
 namespace {
 
-void appendPadded(std::string& text, std::int64_t value, std::size_t width) {
+void appendTwoDigits(std::string& text, char before, unsigned value) {
+    const std::array<char, 3> digits = {before, static_cast<char>('0' + value / 10),
+                                        static_cast<char>('0' + value % 10)};
+    text.append(digits.data(), digits.size());
+}
+
+/// At least four digits.
+void appendYear(std::string& text, std::int64_t year) {
     std::array<char, 20> digits{};
-    const auto end = std::to_chars(digits.begin(), digits.end(), value < 0 ? -value : value).ptr;
+    const auto end = std::to_chars(digits.begin(), digits.end(), year < 0 ? -year : year).ptr;
     const auto length = static_cast<std::size_t>(end - digits.begin());
-    if (value < 0) text.push_back('-');
-    text.append(width > length ? width - length : 0, '0').append(digits.data(), length);
+    if (year < 0) text.push_back('-');
+    if (length < 4) text.append(4 - length, '0');
+    text.append(digits.data(), length);
 }
 
 void appendDate(std::string& text, const CivilTime& civil) {
-    appendPadded(text, civil.year, 4);
-    text.push_back('-');
-    appendPadded(text, civil.month, 2);
-    text.push_back('-');
-    appendPadded(text, civil.day, 2);
+    appendYear(text, civil.year);
+    appendTwoDigits(text, '-', civil.month);
+    appendTwoDigits(text, '-', civil.day);
 }
 
 void appendTime(std::string& text, const CivilTime& civil, unsigned hour) {
-    text.push_back(' ');
-    appendPadded(text, hour, 2);
-    text.push_back(':');
-    appendPadded(text, civil.minute, 2);
-    text.push_back(':');
-    appendPadded(text, civil.second, 2);
+    appendTwoDigits(text, ' ', hour);
+    appendTwoDigits(text, ':', civil.minute);
+    appendTwoDigits(text, ':', civil.second);
 }
 
 }  // namespace
