@@ -1,0 +1,300 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Tests of marquell-list from outside: its options, messages and exit statuses.
+
+Environment: MARQUELL_LIST is the program.
+"""
+
+import os
+import pty
+import resource
+import shutil
+import subprocess
+import tempfile
+import unittest
+from pathlib import Path
+
+PROGRAM = os.environ.get("MARQUELL_LIST", "")
+LOCALE = ("LC_ALL", "LC_TIME", "LC_NUMERIC", "LANG", "LANGUAGE")
+AS_ROOT = os.geteuid() == 0
+
+
+class CommandLineTest(unittest.TestCase):
+    def setUp(self):
+        self.top = Path(tempfile.mkdtemp(prefix="marquell-")).resolve()
+        self.addCleanup(shutil.rmtree, self.top)
+        self.tree = self.top / "tree"
+        self.tree.mkdir()
+        (self.tree / "b.txt").write_bytes(b"x" * 2500)
+        (self.tree / "a").mkdir()
+
+    def run_program(self, *arguments, variables=(), **how):
+        """Status, standard output and standard error, run beside the tree."""
+        environment = {k: v for k, v in os.environ.items() if k not in LOCALE and k != "PWD"}
+        environment.update(variables)
+        how = {"cwd": self.top, "capture_output": True, **how}
+        done = subprocess.run([PROGRAM, *arguments], env=environment, timeout=120, **how)
+        return done.returncode, done.stdout, (done.stderr or b"").decode()
+
+    def lists(self, expected, *arguments, **how):
+        self.assertEqual(self.run_program(*arguments, **how), (0, expected, ""))
+
+    def refuses(self, message, *arguments, **how):
+        expected = (2, b"", f"marquell-list: {message}\n")
+        self.assertEqual(self.run_program(*arguments, **how), expected)
+
+    def test_wrong_usage(self):
+        no_option = 'option "{}": there is no such option{}'.format
+        of_settings = self.run_program("-s", "x=1", "t")[2].split(" The settings are: ")[1].strip()
+        self.assertEqual(len(of_settings.split(", ")), 18)
+        for message, *arguments in [
+            ("found no source, expected a PATH or --from0; see --help",),
+            ("found no source, expected a PATH or --from0; see --help", "-q", "--"),
+            ('source "": found an empty name, expected a path', "tree", ""),
+            (no_option("--colums", '; did you mean "columns"?'), "tree", "--colums", "name"),
+            (no_option("--colums", '; did you mean "columns"?'), "--colums=name", "tree"),
+            (no_option("--xyz", "."), "--xyz", "tree"),
+            (no_option("-x", ""), "tree", "-qx"),
+            (no_option("-\\u{1b}", ""), "-\x1b[2J"),
+            ('option "--quiet=1": it takes no argument', "tree", "--quiet=1"),
+            ('option "-c": expected an argument', "tree", "-c"),
+            ('option "--from0": expected an argument', "tree", "--from0"),
+            ("option -o: found an empty name, expected a file", "-o", "", "tree"),
+            ('format "jsno": expected one of csv', "-f", "jsno", "tree"),
+            ('format "json": expected one of csv', "-f", "json", "tree"),
+            ('column "nmae": there is no such column; did you mean "name"? See --list-columns',
+             "-c", "absolute_path,nmae", "tree"),
+            ('column "SIZE": there is no such column; did you mean "size"? See --list-columns',
+             "--columns=SIZE", "tree"),
+            ('column "": there is no such column. See --list-columns', "-c", "name,", "tree"),
+            ('column "\\u{a}\uFFFD": there is no such column. See --list-columns',
+             "-c", b"\n\xff", "tree"),
+            ('tag space "exif": there is no such tag space; did you mean "EXIF"? '
+             "See --list-columns", "-c", "@exif", "tree"),
+            ('option -s: found "quoteStrings", expected NAME=VALUE', "-s", "quoteStrings", "tree"),
+            ('setting "quoteString": there is no such setting; did you mean "quoteStrings"?'
+             f" The settings are: {of_settings}", "-s", "quoteString=1", "tree"),
+            ('setting "quoteStrings": found "yes", expected true, false, 1 or 0',
+             "-s", "quoteStrings=yes", "tree"),
+            ('setting "firstSortMode": found "16", expected a sort mode from 0 to 15',
+             "-s", "firstSortMode=16", "tree"),
+            ('setting "secondSortMode": found "-1", expected a sort mode from 0 to 15',
+             "-s", "secondSortMode=-1", "tree"),
+            ('setting "nullValuesMode": found "1 ", expected a whole number',
+             "-s", "nullValuesMode=1 ", "tree"),
+            ('setting "encodingMode": found 1, expected 0; other encodings than UTF-8 cannot be '
+             "written yet", "-s", "encodingMode=1", "tree"),
+            ('setting "outputFormat" is given by -f', "-s", "outputFormat=0", "tree"),
+            ('setting "sourceList" is given by a PATH or --from0', "-s", "sourceList=/", "tree"),
+            ('setting "columnList" is given by -c', "-s", "columnList=name", "tree"),
+            *((f'option --jobs: found "{number}", expected a number from 1 to 1024',
+               "--jobs", number, "tree") for number in ("0", "-1", "", "2x", "1025", "9" * 20)),
+            ('--from0 "none": No such file or directory', "--from0", "none"),
+            ('--from0 "tree": Is a directory', "--from0", "tree"),
+        ]:
+            with self.subTest(arguments=arguments):
+                self.refuses(message, *arguments)
+
+    def test_sources(self):
+        file = self.row("tree/b.txt")
+        both = self.row("tree/a") + file
+        all_tie = ["-s", "firstSortMode=8", "-s", "secondSortMode=8"]  # the sources' order stays
+        self.lists(both, "tree")
+        self.lists(both, f"{self.top}//tree/a/../.", "-q", "--jobs", "3", "-f", "csv")
+        self.lists(both, "--", "./tree/")
+        self.lists(file * 2, "tree/b.txt", "tree/b.txt")
+        (self.top / "-c").touch()
+        self.lists(self.row("-c"), "--", "-c")
+        for records in (b"tree", b"\0\0tree\0\0", bytes(self.tree) + b"/a\0tree/\0"):
+            self.lists(both, "--from0", "-", input=records)
+        for records in (b"", b"\0\0"):
+            self.lists(b"", "--from0", "-", input=records)
+        (self.top / "records").write_bytes(b"tree/b.txt\0")
+        self.lists(both + file, "--from0=records", "tree", *all_tie)
+        (self.top / "new\nline").mkdir()
+        (self.top / "new\nline" / os.fsdecode(b"\xff")).touch()
+        self.lists("\"\uFFFD\"\n".encode(), "-c", "name", "--from0", "-", input=b"new\nline")
+
+    def test_relative_sources_begin_in_the_current_folder(self):
+        real = self.top / "real" / "inner"
+        real.mkdir(parents=True)
+        (real / "x").touch()
+        (self.top / "link").symlink_to("real/inner")
+        for pwd, path in [("link", "link/x"), ("real/inner/", "real/inner/x"),
+                          ("real", "real/inner/x"), ("none", "real/inner/x")]:
+            self.lists(self.row(path), ".", cwd=real, variables={"PWD": f"{self.top}/{pwd}"})
+        # It names the folder for the kernel, but not once ".." is taken out of the text.
+        self.lists(self.row("real/inner/x"), "inner", cwd=self.top / "real",
+                   variables={"PWD": f"{self.top}/link/.."})
+        self.lists(self.row("real/inner/x"), ".", cwd=real, variables={"PWD": "."})
+
+    def test_in_a_folder_that_is_gone_only_absolute_sources_serve(self):
+        gone = self.top / "gone"
+        gone.mkdir()
+        how = {"cwd": gone, "preexec_fn": gone.rmdir}
+        self.lists(self.row("tree/b.txt"), str(self.tree / "b.txt"), **how)
+        message = 'source "x": the current folder is gone, expected an absolute path'
+        for arguments in (["x"], ["--from0", "-"]):
+            gone.mkdir()
+            self.refuses(message, *arguments, input=b"/\0x", **how)
+
+    def test_columns(self):
+        for columns, expected in [
+            (["-c", ""], b"\n"),
+            (["-c", "", "-c", "name"], b'"b.txt"\n'),
+            (["-c", "name,size", "--columns=name"], b'"b.txt","2500","b.txt"\n'),
+            (["-c", "size_in_bytes", "-c", "extension"], b'"2500","txt"\n'),
+        ]:
+            self.lists(expected, "tree/b.txt", *columns)
+        titles = self.run_program("-c", "@EXIF", "--from0", "-", "-s", "includeColumnTitlesMode=2",
+                                  stdin=subprocess.DEVNULL)
+        self.assertRegex(titles[1].decode(), r'^("[^"]+ \(EXIF\)",)+"[^"]+ \(EXIF\)"\n$')
+        self.assertRegex(titles[2], r"^marquell-list: no values yet for these columns: exif_")
+        self.assertEqual(self.run_program("-qc@EXIF", "tree/a")[2], "")
+
+    def test_information(self):
+        for option, beginning in [
+            ("--help", b"Usage: marquell-list "),
+            ("--version", b"marquell-list "),
+            ("--list-columns", b"id\ttag space\tsource\tdisplay name\tabbreviation\n"),
+        ]:
+            status, text, messages = self.run_program(option)
+            self.assertEqual((status, messages), (0, ""))
+            self.assertTrue(text.startswith(beginning) and text.endswith(b"\n"), text)
+        text = self.run_program("--help")[1].decode()
+        for option in ("--columns", "--format", "--set", "--output", "--from0", "--list-columns",
+                       "--jobs", "--quiet", "--help", "--version", "jsonDateFormatMode"):
+            self.assertIn(option, text)
+
+    def test_names_what_could_not_be_read(self):
+        (self.top / "loop").symlink_to("loop")
+        name = b"gone\x1b\xff"
+        gone = f'marquell-list: "{self.top}/gone\\u{{1b}}\uFFFD": No such file or directory\n'
+        for options in ([], ["-q"], ["-c", "name,size"]):
+            status, text, messages = self.run_program("tree/b.txt", "loop", name, *options)
+            self.assertEqual((status, messages), (1, gone))
+            self.assertEqual(text.count(b"\n"), 3)
+        unwritten = ('marquell-list: "none/list": the list could not be written: '
+                     "No such file or directory\n")
+        self.assertEqual(self.run_program(name, "-o", "none/list"), (3, b"", gone + unwritten))
+
+    @unittest.skipIf(AS_ROOT, "nothing is closed to the superuser")
+    def test_closed_folders(self):
+        self.tree.chmod(0o500)
+        self.addCleanup(self.tree.chmod, 0o700)
+        self.fails_to_write("Permission denied", "-o", "tree/list")
+        self.tree.chmod(0)
+        status, text, messages = self.run_program("tree")
+        self.assertEqual((status, text), (1, b""))
+        self.assertEqual(messages, f'marquell-list: "{self.tree}": Permission denied\n')
+
+    def fails_to_write(self, reason, *arguments, **how):
+        status, text, messages = self.run_program("tree", *arguments, **how)
+        self.assertEqual((status, text or b""), (3, b""))
+        expected = f"^marquell-list: .*: the list could not be written: {reason}\n$"
+        self.assertRegex(messages, expected)
+
+    def test_a_list_that_cannot_be_written(self):
+        with open("/dev/full", "wb") as full:
+            self.fails_to_write("No space left on device", capture_output=False, stdout=full,
+                                stderr=subprocess.PIPE)
+        reader, writer = os.pipe()
+        os.close(reader)
+        self.fails_to_write("Broken pipe", capture_output=False, stdout=writer,
+                            stderr=subprocess.PIPE)
+        os.close(writer)
+        before = sorted(os.listdir(self.top))
+        for reason, target in [
+            ("Is a directory", "tree"),
+            ("No such file or directory", "none/x"),
+            ("Not a directory", "tree/b.txt/x"),
+            ("File name too long", "n" * 256),
+            ("No space left on device", "/dev/full"),
+        ]:
+            self.fails_to_write(reason, "-o", target)
+        self.assertEqual(sorted(os.listdir(self.top)), before)
+
+    def test_output_file_is_replaced_whole_or_not_at_all(self):
+        target = self.top / "list"
+        target.write_bytes(b"old")
+        target.chmod(0o640)
+        self.lists(b"", "tree", "-o", "list")
+        self.assertEqual(target.read_bytes(), self.row("tree/a") + self.row("tree/b.txt"))
+        self.assertEqual(target.stat().st_mode & 0o777, 0o640)
+        target.write_bytes(b"old")
+        self.fails_to_write("File too large", "-o", "list", preexec_fn=lambda: resource.setrlimit(
+            resource.RLIMIT_FSIZE, (20, 20)))
+        self.refuses("found no source, expected a PATH or --from0; see --help", "-o", "list")
+        self.assertEqual(target.read_bytes(), b"old")
+        self.assertEqual(sorted(os.listdir(self.top)), ["list", "tree"])
+        with open(target, "ab") as stream:
+            self.run_program("-o", "/dev/stdout", "-c", "name", "tree", capture_output=False,
+                             stdout=stream)
+        self.assertEqual(target.read_bytes(), b'old"a"\n"b.txt"\n')
+
+    def test_closed_standard_streams(self):
+        for stream, status in ((0, 0), (1, 3), (2, 0)):
+            how = {"preexec_fn": lambda stream=stream: os.close(stream)}
+            self.assertEqual(self.run_program("tree", **how)[0], status)
+            self.assertEqual(self.run_program("tree", "gone", "-o", "list", **how)[0], 1)
+            self.assertEqual((self.top / "list").read_bytes().count(b"\n"), 3)
+        self.fails_to_write("Bad file descriptor", "-o", "/dev/stdout",
+                            preexec_fn=lambda: os.close(1))
+        self.refuses('--from0 "-": Bad file descriptor', "--from0", "-",
+                     preexec_fn=lambda: os.close(0))
+
+    def test_progress_is_for_terminals(self):
+        # More and more to do until the run takes long enough for a look at its progress.
+        for records in (10**4, 10**5, 10**6, 10**7):
+            shown = self.shown_on_terminal("--from0", "-", input=b"tree/b.txt\0" * records)
+            if shown:
+                break
+        self.assertRegex(shown, rb"\d+ items|Computing output \(\d+/\d+\)")
+        self.assertTrue(shown.endswith(b"\r\x1b[K"), shown[-100:])
+        many = ["--from0", "-"]
+        self.assertEqual(self.shown_on_terminal("-q", *many, input=b"tree\0" * records), b"")
+        shown = self.shown_on_terminal("-o", "none/x", *many, input=b"tree\0" * records)
+        self.assertIn(b"\r\x1b[Kmarquell-list: \"none/x\": ", shown)
+
+    def shown_on_terminal(self, *arguments, input):
+        ours, theirs = pty.openpty()
+        with tempfile.TemporaryFile() as records, open(ours, "rb", buffering=0) as terminal:
+            records.write(input)
+            records.seek(0)
+            program = subprocess.Popen([PROGRAM, *arguments], cwd=self.top, stdin=records,
+                                       stdout=subprocess.DEVNULL, stderr=theirs)
+            os.close(theirs)
+            shown = b""
+            try:
+                while piece := terminal.read(4096):
+                    shown += piece
+            except OSError:  # so a terminal tells that nobody has it open any more
+                pass
+            program.wait()
+        return shown
+
+    def test_locale_of_dates_and_sizes(self):
+        os.truncate(self.tree / "b.txt", 1_234_567)
+        os.utime(self.tree / "b.txt", ns=(0, 1_709_993_107_999_999_999))
+        for variables, size, date in [
+            ({}, "1.2 MB", "Mar 9, 2024, 2:05 PM"),
+            ({"LANG": "de_DE.UTF-8"}, "1,2 MB", "09.03.2024, 14:05"),
+            ({"LANG": "de_DE.UTF-8", "LC_TIME": "en_GB.UTF-8"}, "1,2 MB", "9 Mar 2024, 14:05"),
+            ({"LANG": "en_GB", "LC_NUMERIC": "de_DE"}, "1,2 MB", "9 Mar 2024, 14:05"),
+            ({"LC_ALL": "C", "LANG": "de_DE"}, "1.2 MB", "Mar 9, 2024, 2:05 PM"),
+            ({"LC_ALL": "", "LC_TIME": "", "LANG": "de_DE"}, "1,2 MB", "09.03.2024, 14:05"),
+        ]:
+            with self.subTest(variables=variables):
+                self.lists(f'"{size}","{date}"\n'.encode(), "tree/b.txt", "-s", "dateFormatMode=3",
+                           "-c", "human_readable_size,modification_date",
+                           variables={"TZ": "UTC", **variables})
+                self.lists(b'"2024-03-09 02:05:07 PM"\n', "tree/b.txt", "-s", "dateFormatMode=2",
+                           "-c", "modification_date", variables={"TZ": "UTC", **variables})
+
+    def row(self, path):
+        return f'"{Path(path).name}","{self.top / path}"\n'.encode()
+
+
+if __name__ == "__main__":
+    if not PROGRAM:
+        raise SystemExit("MARQUELL_LIST must name the program")
+    unittest.main()
