@@ -6,6 +6,7 @@
 
 #include "formats/MetadataItemFormatterType.h"
 #include "pipeline/DataModelSnapshot.h"
+#include "platform/ByteCount.h"
 #include "platform/DateFormatter.h"
 
 namespace marquell::formats {
@@ -18,6 +19,7 @@ public:
     std::string formatNullValue() override { return std::string(nullText_); }
     std::string formatBoolValue(bool value) override;
     std::string formatNumber(std::int64_t number) override { return std::to_string(number); }
+    std::string formatSize(std::int64_t bytes) override { return platform::byteCountText(bytes); }
 
 protected:
     ItemOutputFormatter(const pipeline::DataModelSnapshot& snapshot, int dateMode);

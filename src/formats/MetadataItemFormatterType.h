@@ -17,6 +17,8 @@ public:
     virtual std::string formatBoolValue(bool value) = 0;
     /// Decimal digits, without grouping.
     virtual std::string formatNumber(std::int64_t number) = 0;
+    /// A byte count for people.
+    virtual std::string formatSize(std::int64_t bytes) = 0;
 };
 
 }  // namespace marquell::formats

@@ -126,4 +126,10 @@ class FolderNode final : public Node {
     using Node::Node;
 };
 
+/// Stands for an item that is not on disk. The scanner makes none.
+class GhostNode final : public Node {
+    friend class NodeBlock;
+    using Node::Node;
+};
+
 }  // namespace marquell::pipeline
