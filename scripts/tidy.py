@@ -22,8 +22,11 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parent.parent
 CACHE = ROOT / "build" / "tidy-cache"
 TIDY = "clang-tidy"
-# The warnings asked of g++ are unknown to clang by name.
-ARGUMENTS = ["--quiet", "--extra-arg=-Wno-unknown-warning-option"]
+# The warnings asked of g++ are unknown to clang by name. A quarter of the analyzer's usual effort
+# for a function halves the time; what it found here it finds with that, too.
+CLANG_ARGUMENTS = ["-Wno-unknown-warning-option",
+                   "-Xclang", "-analyzer-config", "-Xclang", "max-nodes=60000"]
+ARGUMENTS = ["--quiet", *(f"--extra-arg={argument}" for argument in CLANG_ARGUMENTS)]
 
 
 @lru_cache(maxsize=None)
