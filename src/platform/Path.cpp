@@ -66,7 +66,7 @@ std::string currentFolder() {
     const char* logical = std::getenv("PWD");
     if (logical != nullptr && logical[0] == '/') {
         // Resolved first: ".." behind a link leads elsewhere for the kernel than in the text.
-        const std::string resolved = absolutePath(logical, "/");
+        std::string resolved = absolutePath(logical, "/");
         if (namesSameFolder(resolved.c_str(), ".")) return resolved;
     }
     const std::unique_ptr<char, decltype(&std::free)> physical(::getcwd(nullptr, 0), &std::free);
