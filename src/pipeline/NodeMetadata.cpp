@@ -170,9 +170,10 @@ void Node::tellObservers(MetadataSource source) {
     std::unique_lock lock(observerLocks().of(this));
     const std::vector<Reference> told = observers_->of(source).references;
     for (const Reference& reference : told) {
-        const auto observer = reference->observer.lock();
+        auto observer = reference->observer.lock();
         lock.unlock();
         if (observer != nullptr) observer->update(source);
+        observer.reset();  // maybe its end, in which it may come back to this node
         lock.lock();
         reference->observer.reset();
     }
