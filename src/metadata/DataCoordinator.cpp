@@ -82,6 +82,8 @@ void DataCoordinator::retrieveDataAsynchronously(std::shared_ptr<Node> node,
                                                  MetadataSource source) {
     const Extraction* extraction = extractionOf(source);
     if (extraction == nullptr) return;
+    // Those of an earlier request must not have this one dropped.
+    node->forgetLostObservers(source);
     const std::lock_guard lock(mutex_);
     const auto same = std::find_if(waiting_.begin(), waiting_.end(), [&](const auto& request) {
         return request->node == node && request->source == source;

@@ -32,7 +32,8 @@ public:
     /// observers are told. One extraction runs at a time. Of the waiting requests the order is
     /// priority (basic information first), then those whose observers still exist, then the newest;
     /// a request that had observers and has lost them all is dropped, since nobody looks any more.
-    /// Asking again for what already waits makes it the newest. Any thread.
+    /// Asking again for what already waits makes it the newest, with observers yet to come. Any
+    /// thread.
     void retrieveDataAsynchronously(std::shared_ptr<pipeline::Node> node, MetadataSource source);
 
     /// Runs the source on the caller's thread, unless it has finished with the node before; waits

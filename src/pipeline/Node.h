@@ -24,7 +24,7 @@ enum class NodeComparisonResult { bComesFirst, aComesFirst, same };
 
 /// Whether anybody still wants a source's values for a node.
 enum class ObserverInterest {
-    none,     ///< nobody registered since the source last finished
+    none,     ///< nobody registered since the source last finished or was asked for anew
     present,  ///< an observer waits
     lost,     ///< there were observers, and all have gone
 };
@@ -91,6 +91,8 @@ public:
     /// Has the source's observers called on the main thread. Any thread.
     void signalDataIsNowReady(metadata::MetadataSource forSource);
     ObserverInterest interest(metadata::MetadataSource forSource) const;
+    /// Turns a lost interest into none: whoever asks for the source anew may register only later.
+    void forgetLostObservers(metadata::MetadataSource forSource);
 
 protected:
     /// For NodeBlock, which keeps the bytes of the path: the other two are parts of it.

@@ -181,6 +181,15 @@ void Node::tellObservers(MetadataSource source) {
                   [](const Reference& reference) { return reference->observer.expired(); });
 }
 
+void Node::forgetLostObservers(MetadataSource forSource) {
+    const std::lock_guard lock(observerLocks().of(this));
+    if (observers_ == nullptr) return;
+    NodeObservers::OfSource& waiting = observers_->of(forSource);
+    std::erase_if(waiting.references,
+                  [](const Reference& reference) { return reference->observer.expired(); });
+    waiting.everAny = !waiting.references.empty();
+}
+
 ObserverInterest Node::interest(MetadataSource forSource) const {
     const std::lock_guard lock(observerLocks().of(this));
     if (observers_ == nullptr) return ObserverInterest::none;

@@ -16,7 +16,7 @@ struct NodeObservers {
 
     struct OfSource {
         std::vector<Reference> references;
-        bool everAny = false;  ///< since the source last finished
+        bool everAny = false;  ///< since the source last finished or was asked for anew
     };
 
     std::array<OfSource, metadata::allMetadataSources.size()> dataReadyObservers;
