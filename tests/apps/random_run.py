@@ -77,11 +77,12 @@ def random_locale(rng):
 
 def random_sources(rng, tree, settings):
     """Clean absolute paths, some of them missing."""
-    # To walk these takes too long.
-    outside = [] if settings["processSubFolders"] else [b"/", b"/usr"]
-    pools = [tree.sources, tree.folders, [tree.root], tree.missing + outside]
+    pools, weights = [tree.sources, tree.folders, [tree.root], tree.missing], [4, 3, 9, 1]
+    if not settings["processSubFolders"]:  # else these are walked, which takes too long
+        pools.append([b"/", b"/", b"/usr"])
+        weights.append(6)
     sources = [rng.choice(pool)
-               for pool in rng.choices(pools, (4, 3, 9, 2), k=rng.choice((0, 1, 1, 1, 2, 3, 4)))]
+               for pool in rng.choices(pools, weights, k=rng.choice((0, 1, 1, 1, 2, 3, 4)))]
     return sources + sources[:1] if rng.random() < 0.1 else sources
 
 
