@@ -45,7 +45,6 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
         -Wduplicated-cond
         -Wlogical-op
         -Wmismatched-tags
-        -Wnull-dereference
         -Wsuggest-override
         -Wvolatile
     )
@@ -62,6 +61,6 @@ if(MARQUELL_SANITIZE)
     # The instrumentation hides facts from the optimiser, which then warns of what cannot happen.
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
         target_compile_options(marquell_compiler INTERFACE
-            -Wno-maybe-uninitialized -Wno-null-dereference -Wno-stringop-overflow)
+            -Wno-maybe-uninitialized -Wno-stringop-overflow)
     endif()
 endif()
