@@ -5,10 +5,10 @@
 #include <filesystem>
 #include <fstream>
 #include <initializer_list>
-#include <iterator>
 #include <map>
 #include <optional>
 #include <set>
+#include <sstream>
 #include <string>
 #include <utility>
 
@@ -48,7 +48,7 @@ inline void writeFile(const std::string& path, const std::string& bytes) {
 
 inline std::string contentOf(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    return (std::ostringstream() << file.rdbuf()).str();
 }
 
 /// Sets variables of the environment as long as it lives. No other thread may run.
