@@ -6,6 +6,7 @@
 #include <clocale>
 #include <csignal>
 #include <cstring>
+#include <set>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -46,7 +47,7 @@ ExitStatus deliver(std::string_view bytes, const std::optional<std::string>& fil
 /// Tells of columns that stay empty because nothing delivers their source.
 void hintAtUndeliveredColumns(const pipeline::DataModelSnapshot& snapshot) {
     std::string columns;
-    for (const std::string& id : snapshot.columnList) {
+    for (const auto& id : std::set(snapshot.columnList.begin(), snapshot.columnList.end())) {
         const pipeline::Column column(id);
         if (column.origin != pipeline::Column::Origin::source) continue;
         if (metadata::DataCoordinator::delivers(*column.source)) continue;
