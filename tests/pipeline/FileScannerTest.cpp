@@ -1,0 +1,287 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gmock/gmock.h>
+#include <sys/fsuid.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
+#include <functional>
+#include <mutex>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "metadata/MetadataStorage.h"
+#include "pipeline/FileScanner.h"
+#include "pipeline/ScannerOperation.h"
+#include "platform/ReadFailures.h"
+#include "platform/Surroundings.h"
+#include "platform/Workers.h"
+
+namespace marquell::pipeline {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Pair;
+using testing::UnorderedElementsAre;
+
+using Lines = std::vector<std::string>;
+
+/// Scans a small real tree; `snapshot` says how, and lists everything below it at first.
+class FileScannerTest : public testing::Test, protected StageOwner {
+protected:
+    FileScannerTest() {
+        snapshot.processSubFolders = true;
+        snapshot.firstSortMode = 14;
+        snapshot.sourceList = {root.path()};
+        platform::setReadFailureListener([this](std::string_view path, int error) {
+            const std::lock_guard lock(mutex_);
+            failures.emplace_back(path, error);
+            if (onFailure) onFailure();
+        });
+    }
+    ~FileScannerTest() override {
+        platform::setReadFailureListener({});
+        platform::setWorkerCount(workers_);
+    }
+
+    void scanOperationFinished(ScannerOperation& operation) override {
+        ++timesFinished;
+        result = operation.flatFileList();
+    }
+    void outputOperationFinished(formats::OutputFormatOperationType&) override { FAIL(); }
+
+    /// These make the folders on the way too, and return the whole path.
+    std::string folder(const std::string& relative) const {
+        std::filesystem::create_directories(root / relative);
+        return root / relative;
+    }
+    std::string file(const std::string& relative) const {
+        folder(std::filesystem::path(relative).parent_path());
+        tests::writeFile(root / relative, "");
+        return root / relative;
+    }
+    std::string link(const std::string& relative, const std::string& target) const {
+        folder(std::filesystem::path(relative).parent_path());
+        std::filesystem::create_symlink(target, root / relative);
+        return root / relative;
+    }
+
+    std::shared_ptr<const FlatFileList> scan() {
+        ScannerOperation operation(*this, snapshot);
+        EXPECT_FALSE(operation.indeterminateProgress());
+        operation.main();
+        EXPECT_EQ(timesFinished, 1);
+        EXPECT_EQ(operation.totalFileCount(), result->files.size());
+        EXPECT_EQ(operation.indeterminateProgress(), !snapshot.sourceList.empty());
+        timesFinished = 0;
+        return result;
+    }
+
+    /// What a scan lists, as "relative path|name", folders with a slash behind.
+    Lines scannedLines() {
+        Lines lines;
+        for (const auto& node : scan()->files) {
+            std::string line(node->relativePath());
+            line.append("|").append(node->name());
+            if (dynamic_cast<const FolderNode*>(node.get()) != nullptr) line.append("/");
+            lines.push_back(line);
+        }
+        return lines;
+    }
+
+    Lines scannedPaths() {
+        Lines paths;
+        for (const auto& node : scan()->files) {
+            EXPECT_TRUE(node->absolutePath().starts_with(root.path()));
+            paths.emplace_back(node->absolutePath().substr(root.path().size()));
+        }
+        return paths;
+    }
+
+    tests::TemporaryFolder root;
+    DataModelSnapshot snapshot;
+    int timesFinished = 0;
+    std::shared_ptr<const FlatFileList> result;
+    std::vector<std::pair<std::string, int>> failures;
+    std::function<void()> onFailure;
+
+private:
+    const unsigned workers_ = platform::workerCount();
+    std::mutex mutex_;
+};
+
+TEST_F(FileScannerTest, ListsWhatIsNeitherHiddenNorInAPackage) {
+    file("plain");
+    file("\xff\nodd");
+    file("folder/sub/deep.txt");
+    file(".hidden file");
+    file(".hidden/seen/also");
+    file(".hidden/.not");
+    file(".Hidden.app/listed");
+    file("Tool.APP/Contents/no");
+    file("app/yes");
+    file(".app/yes too");
+    file("file.app");
+    link("links/loop", "..");
+    link("links/self", "self");
+    link("links/dangling", "nowhere");
+    link("links/bundle.app", "../folder");
+    link("links/to bundle", "../Tool.APP");
+    link("links/.to folder", "../folder");
+    ASSERT_EQ(::mkfifo((root / "fifo").c_str(), 0600), 0);
+
+    const Lines files{"|plain",
+                      "|\xff\nodd",
+                      "folder/sub|deep.txt",
+                      ".hidden/seen|also",
+                      "|Tool.APP",
+                      "app|yes",
+                      ".app|yes too",
+                      "|file.app",
+                      "links|self",
+                      "links|dangling",
+                      "links|bundle.app",
+                      "|fifo",
+                      ".Hidden.app|listed"};
+    const Lines folders{"|folder/", "folder|sub/", ".hidden|seen/",   "|app/",
+                        "|links/",  "links|loop/", "links|to bundle/"};
+    Lines all = files;
+    all.insert(all.end(), folders.begin(), folders.end());
+    EXPECT_THAT(scannedLines(), testing::UnorderedElementsAreArray(all));
+    snapshot.processFiles = false;
+    EXPECT_THAT(scannedLines(), testing::UnorderedElementsAreArray(folders));
+    snapshot.processFolders = false;
+    EXPECT_THAT(scannedLines(), IsEmpty());
+    snapshot.processFiles = true;
+    EXPECT_THAT(scannedLines(), testing::UnorderedElementsAreArray(files));
+    EXPECT_THAT(failures, IsEmpty());
+}
+
+TEST_F(FileScannerTest, TakesSourcesOfEveryKind) {
+    file("folder/inside");
+    link("link", "folder");
+    snapshot.processFiles = false;
+    snapshot.sourceList = {
+        file("file"),          folder("bundle.app"), root / "missing",
+        root / "folder",       root / "link",        folder(".hidden"),
+        link("dangling", "-"), link("loop", "loop"), link("x.app", "folder"),
+    };
+    snapshot.processSubFolders = false;
+    EXPECT_THAT(scannedLines(),
+                UnorderedElementsAre("|file", "|bundle.app", "|missing", "|folder/", "|link/",
+                                     "|.hidden/", "|dangling", "|loop", "|x.app"));
+    EXPECT_THAT(failures, ElementsAre(Pair(root / "missing", ENOENT)));
+
+    file(".hidden/within");
+    snapshot.processSubFolders = snapshot.processFiles = true;
+    EXPECT_THAT(
+        scannedPaths(),
+        UnorderedElementsAre("/file", "/bundle.app", "/missing", "/folder/inside", "/link/inside",
+                             "/.hidden/within", "/dangling", "/loop", "/x.app"));
+}
+
+TEST_F(FileScannerTest, EmptySourceListGivesAnEmptyList) {
+    snapshot.sourceList.clear();
+    EXPECT_THAT(scannedPaths(), IsEmpty());
+}
+
+TEST_F(FileScannerTest, TiesGoBySourceAndThenLevelByLevel) {
+    // A slash counts less than the blank and the hyphen, which come before it as bytes.
+    for (const char* folder : {"b", "a-", "a", "a b", "a/z", "a\x01"}) {
+        file(std::string(folder) + "/same");
+        file(std::string(folder) + "/SAME");
+    }
+    snapshot.processFolders = false;
+    snapshot.firstSortMode = snapshot.secondSortMode = 13;
+    const Lines inOrder{"/a/SAME",     "/a/same",     "/a/z/SAME", "/a/z/same",
+                        "/a\x01/SAME", "/a\x01/same", "/a b/SAME", "/a b/same",
+                        "/a-/SAME",    "/a-/same",    "/b/SAME",   "/b/same"};
+    EXPECT_EQ(scannedPaths(), inOrder);
+    snapshot.firstSortMode = 16;
+    EXPECT_EQ(scannedPaths(), inOrder);
+
+    snapshot.sourceList = {root / "b", root / "a/z", folder("empty"), root / "b"};
+    EXPECT_THAT(scannedPaths(),
+                ElementsAre("/b/SAME", "/b/same", "/a/z/SAME", "/a/z/same", "/b/SAME", "/b/same"));
+}
+
+TEST_F(FileScannerTest, WalksFarBeyondTheLongestPathOfTheKernel) {
+    // Made and undone from above in pieces with paths that are short enough.
+    constexpr int depth = 5000;
+    constexpr int pieceDepth = 500;
+    const std::string top = root / "d";
+    const std::string next = root / "next";
+    std::string below;
+    for (int i = 1; i < pieceDepth; ++i) below += "/d";
+    std::filesystem::create_directories(top + below);
+    for (int made = pieceDepth; made < depth; made += pieceDepth) {
+        std::filesystem::create_directories(next + below);
+        std::filesystem::rename(top, next + below + "/d");
+        std::filesystem::rename(next, top);
+    }
+    const auto list = scan();
+    ASSERT_EQ(list->files.size(), static_cast<std::size_t>(depth));
+    Node& deepest = *list->files.back();
+    EXPECT_EQ(deepest.relativePath().size(), 2U * (depth - 1) - 1);
+    EXPECT_EQ(deepest.absolutePath().size(), root.path().size() + 2 * depth);
+    metadata::MetadataStorage::shared().clear();
+    EXPECT_GT(deepest.getDateValueSync(Column("modification_date")), platform::Date{});
+    EXPECT_THAT(failures, IsEmpty());
+    while (std::filesystem::exists(top + below + "/d")) {
+        std::filesystem::rename(top + below + "/d", next);
+        std::filesystem::remove_all(top);
+        std::filesystem::rename(next, top);
+    }
+}
+
+TEST_F(FileScannerTest, AnyNumberOfThreadsGivesTheSameList) {
+    for (int i = 0; i < 120; ++i) {
+        const std::string folder = std::to_string(i % 40) + "/" + std::to_string(i % 3);
+        file(folder + "/x" + std::to_string(i % 10));
+    }
+    for (const int mode : {2, 12, -1}) {
+        snapshot.firstSortMode = snapshot.secondSortMode = mode;
+        platform::setWorkerCount(1);
+        const Lines byOne = scannedPaths();
+        for (const unsigned workers : {2U, 7U}) {
+            platform::setWorkerCount(workers);
+            EXPECT_EQ(scannedPaths(), byOne) << mode << ", " << workers;
+        }
+    }
+}
+
+TEST_F(FileScannerTest, NamesTheFolderThatItMayNotOpenAndListsTheRest) {
+    file("open/a");
+    file("shut/b");
+    ASSERT_EQ(::chmod((root / "shut").c_str(), 0), 0);
+    ASSERT_EQ(::chmod(root.path().c_str(), 0755), 0);
+    ASSERT_EQ(::chmod((root / "open").c_str(), 0755), 0);
+    constexpr unsigned nobody = 65534;  // of this thread alone, for whom root has no say
+    const int user = ::setfsuid(nobody);
+    const Lines paths = scannedPaths();
+    ::setfsuid(static_cast<unsigned>(user));
+    ASSERT_EQ(::chmod((root / "shut").c_str(), 0700), 0);
+    EXPECT_THAT(paths, UnorderedElementsAre("/open", "/open/a", "/shut"));
+    EXPECT_THAT(failures, ElementsAre(Pair(root / "shut", EACCES)));
+}
+
+TEST_F(FileScannerTest, CancelledItReportsNothing) {
+    file("folder/file");
+    snapshot.sourceList = {root / "folder", root / "missing", root / "folder"};
+    ScannerOperation before(*this, snapshot);
+    before.cancel();
+    before.main();
+    EXPECT_EQ(before.currentFileCount(), 0U);
+
+    ScannerOperation meanwhile(*this, snapshot);
+    onFailure = [&meanwhile] { meanwhile.cancel(); };
+    meanwhile.main();
+    EXPECT_EQ(meanwhile.currentFileCount(), 2U);  // the last source is not walked any more
+    EXPECT_EQ(timesFinished, 0);
+}
+
+}  // namespace
+}  // namespace marquell::pipeline

@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gtest/gtest.h>
+#include <sys/xattr.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "metadata/MetadataStorage.h"
+#include "pipeline/Node.h"
+#include "platform/Path.h"
+#include "platform/Surroundings.h"
+
+namespace marquell::pipeline {
+namespace {
+
+using Result = NodeComparisonResult;
+using metadata::MetadataSource;
+using metadata::MetadataStorage;
+
+std::shared_ptr<Node> nodeAt(const std::string& path, std::string_view relativePath = {}) {
+    NodeArena arena;
+    return arena.make<FileNode>(platform::lastPathComponent(path), path, relativePath);
+}
+
+struct PathForms {
+    std::string absolutePath;
+    std::string relativePath;
+    std::string name;
+    std::string fileName;
+    std::string upToFirstPeriod;
+    std::optional<std::string> extension;
+    std::string parent;
+    std::string absoluteParentPath;
+};
+
+TEST(Node, NamesAndPaths) {
+    const PathForms cases[] = {
+        {"/in/archive.tar.gz", "", "archive.tar.gz", "archive.tar", "archive", "gz", "in", "/in"},
+        {"/s/a/b/README", "a/b", "README", "README", "README", {}, "b", "/s/a/b"},
+        {"/README", "", "README", "README", "README", {}, "/", "/"},
+        {"/a/b/c.d", "a/b", "c.d", "c", "c", "d", "b", "/a/b"},
+        {"/", "", "/", "/", "/", {}, "", "/"},
+        {"/h/.profile", "", ".profile", ".profile", "", {}, "h", "/h"},
+        {"/h/.a.b", "", ".a.b", ".a", "", "b", "h", "/h"},
+        {"/h/a.", "", "a.", "a", "a", {}, "h", "/h"},
+        {"/h/scratch..tiff", "", "scratch..tiff", "scratch.", "scratch", "tiff", "h", "/h"},
+        {"/h/..a", "", "..a", ".", "", "a", "h", "/h"},
+        {"/x.y/a.b c", "", "a.b c", "a", "a", "b c", "x.y", "/x.y"},
+        {"/\xff/\x82.\xe2", "\xff", "\x82.\xe2", "\x82", "\x82", "\xe2", "\xff", "/\xff"},
+    };
+    for (const PathForms& forms : cases) {
+        SCOPED_TRACE(forms.absolutePath);
+        const auto node = nodeAt(forms.absolutePath, forms.relativePath);
+        EXPECT_EQ(node->absolutePath(), forms.absolutePath);
+        EXPECT_EQ(node->relativePath(), forms.relativePath);
+        EXPECT_EQ(node->name(), forms.name);
+        EXPECT_EQ(node->fileName(), forms.fileName);
+        EXPECT_EQ(node->fileNameUpToFirstPeriod(), forms.upToFirstPeriod);
+        EXPECT_EQ(node->fileExtension(), forms.extension);
+        EXPECT_EQ(node->parent(), forms.parent);
+        EXPECT_EQ(node->absoluteParentPath(), forms.absoluteParentPath);
+    }
+}
+
+TEST(Node, BytesThatAreNoTextBecomeOneReplacementEach) {
+    const auto node = nodeAt(
+        "/\xe2\x82"
+        "A/ok");
+    EXPECT_EQ(node->text(node->parent()), "\uFFFD\uFFFDA");
+    EXPECT_EQ(node->text(node->name()), "ok");
+    const metadata::WrappedMetaDataValue length =
+        node->getWrappedValueSync("full_path_name_length");
+    EXPECT_EQ(length, metadata::WrappedMetaDataValue(std::int64_t{7}));
+}
+
+TEST(Node, OutlivesItsArenaAndItsList) {
+    std::vector<std::shared_ptr<Node>> kept;
+    {
+        NodeArena arena;
+        std::vector<std::shared_ptr<Node>> all;
+        for (std::size_t i = 0; i < 5000; ++i) {
+            // Some are longer than a first block.
+            const std::string path = "/" + std::string(i % 997 == 0 ? 9000 : i % 50, 'p') + "/n";
+            all.push_back(arena.make<FolderNode>("n", path, {}));
+        }
+        for (std::size_t i = 0; i < all.size(); i += 997) kept.push_back(all[i]->shared());
+    }
+    for (const auto& node : kept) EXPECT_EQ(node->absolutePath().size(), 9003U);
+}
+
+TEST(Node, ReadsTagsOnce) {
+    const tests::TemporaryFolder folder;
+    const std::string path = folder / "tagged";
+    tests::writeFile(path, "");
+    const auto setTags = [&](const std::string& tags) {
+        return ::setxattr(path.c_str(), "user.xdg.tags", tags.data(), tags.size(), 0) == 0;
+    };
+    if (!setTags(" red , ,to do\n,\xff")) GTEST_SKIP() << "no user attributes here";
+    const auto node = nodeAt(path);
+    ASSERT_NE(node->tags(), nullptr);
+    EXPECT_EQ(*node->tags(), "red, to do, \uFFFD");
+    setTags(" , ");
+    EXPECT_EQ(*node->tags(), "red, to do, \uFFFD");
+    EXPECT_EQ(nodeAt(path)->tags(), nullptr);
+    EXPECT_EQ(nodeAt(folder / "missing")->tags(), nullptr);
+}
+
+struct Comparison {
+    int mode;  ///< the even one of a pair
+    std::string a;
+    std::string b;
+    Result expected;
+};
+
+TEST(Node, ComparesUnderEveryMode) {
+    MetadataStorage& storage = MetadataStorage::shared();
+    storage.clear();
+    constexpr std::string_view early = "/old";
+    constexpr std::string_view late = "/new";
+    storage.storeBasicInformation(early, {1, platform::Date{-5, 1}, platform::Date{9, 999999999}});
+    storage.storeBasicInformation(late, {1LL << 40, platform::Date{-5, 2}, platform::Date{10, 0}});
+    storage.store(early, MetadataSource::spotlight, "contentcreationdate", platform::Date{1, 0});
+    for (const std::string_view path : {early, late, std::string_view("/bare")}) {
+        storage.finishRetrieval(path, MetadataSource::basic);
+    }
+    const Comparison cases[] = {
+        {0, "/b/file2", "/a/file10", Result::aComesFirst},
+        {0, "/x/FILE2", "/y/file2", Result::same},
+        {0, "/a02", "/a2", Result::same},
+        {2, "/b/file2", "/a/file10", Result::bComesFirst},
+        {2, "/2/z", "/10/a", Result::aComesFirst},
+        {4, "/new", "/old", Result::aComesFirst},
+        {4, "/old", "/bare", Result::aComesFirst},
+        {6, "/new", "/old", Result::aComesFirst},
+        {8, "/old", "/new", Result::aComesFirst},
+        {8, "/bare", "/new", Result::same},
+        {10, "/old", "/new", Result::aComesFirst},
+        {10, "/bare", "/old", Result::aComesFirst},
+        {12, "/a/file2", "/a/file10", Result::bComesFirst},
+        {12, "/a/Ä", "/b/a\u0308", Result::same},
+        {12, "/STRASSE", "/straße", Result::same},
+        {12, "/Z", "/_", Result::bComesFirst},  // lower case letters go behind the underscore
+        {12, "/\xff", "/\xfe", Result::same},
+        {14, "/a/c", "/b/a", Result::aComesFirst},
+        {14, "/a/c", "/A/C", Result::same},
+    };
+    const auto reversed = [](Result result) {
+        if (result == Result::same) return result;
+        return result == Result::aComesFirst ? Result::bComesFirst : Result::aComesFirst;
+    };
+    for (const Comparison& row : cases) {
+        SCOPED_TRACE(std::to_string(row.mode) + " " + row.a + " " + row.b);
+        const auto a = nodeAt(row.a);
+        const auto b = nodeAt(row.b);
+        EXPECT_EQ(Node::compare(*a, *b, row.mode), row.expected);
+        EXPECT_EQ(Node::compare(*b, *a, row.mode), reversed(row.expected));
+        EXPECT_EQ(Node::compare(*a, *b, row.mode + 1), reversed(row.expected));
+        for (const int unknown : {-1, 16}) {
+            EXPECT_EQ(Node::compare(*a, *b, unknown), Result::aComesFirst);
+            EXPECT_EQ(Node::compare(*b, *a, unknown), Result::aComesFirst);
+        }
+    }
+    storage.clear();
+}
+
+}  // namespace
+}  // namespace marquell::pipeline
