@@ -21,7 +21,7 @@ void storeAttributes(const pipeline::FlatFileList& list) {
         seed = seed * 48271 % 2147483647;
         const platform::Date date{1'000'000'000 + seed % 700'000'000, 0};
         storage.storeBasicInformation(node->pathKey(), {seed, date, date});
-        storage.finishRetrieval(node->pathKey(), metadata::MetadataSource::basic);
+        storage.store(node->pathKey(), metadata::MetadataSource::basic, "retrieved", true);
     }
 }
 

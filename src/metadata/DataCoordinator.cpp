@@ -31,23 +31,6 @@ const Extraction* extractionOf(MetadataSource source) {
     return found != extractions.end() ? &*found : nullptr;
 }
 
-/// Sets the flag and tells the observers however the extraction ends; otherwise threads that wait
-/// for it would wait for ever.
-class Retrieval {
-public:
-    Retrieval(Node& node, MetadataSource source) : node_(node), source_(source) {}
-    Retrieval(const Retrieval&) = delete;
-    Retrieval& operator=(const Retrieval&) = delete;
-    ~Retrieval() {
-        MetadataStorage::shared().finishRetrieval(node_.pathKey(), source_);
-        node_.signalDataIsNowReady(source_);
-    }
-
-private:
-    Node& node_;
-    MetadataSource source_;
-};
-
 }  // namespace
 
 struct DataCoordinator::Request {
@@ -94,13 +77,18 @@ void DataCoordinator::retrieveDataAsynchronously(std::shared_ptr<Node> node,
     }
     waiting_.push_back(
         std::make_shared<Request>(Request{std::move(node), source, extraction->queuePriority}));
-    queue_.addOperation(std::make_shared<TakeNextRequest>(*this));
+    // Without a thread for it the request is dropped; the next one tries again.
+    if (!queue_.addOperation(std::make_shared<TakeNextRequest>(*this))) waiting_.pop_back();
 }
 
 std::shared_ptr<const DataCoordinator::Request> DataCoordinator::takeNext() {
     const std::lock_guard lock(mutex_);
     std::erase_if(waiting_, [](const auto& request) {
-        return request->node->interest(request->source) == pipeline::ObserverInterest::lost;
+        if (request->node->interest(request->source) != pipeline::ObserverInterest::lost) {
+            return false;
+        }
+        request->node->forgetLostObservers(request->source);
+        return true;
     });
     const auto rank = [](const auto& request) {
         const bool awaited =
@@ -124,13 +112,14 @@ void DataCoordinator::runNext() {
 void DataCoordinator::retrieveDataSynchronously(Node& node, MetadataSource source) {
     const Extraction* extraction = extractionOf(source);
     if (extraction == nullptr) return;
-    if (!MetadataStorage::shared().beginRetrieval(node.pathKey(), source)) {
-        // Found already, under another node of the same path: whose observers wait may not be ours.
-        node.signalDataIsNowReady(source);
-        return;
+    MetadataStorage& storage = MetadataStorage::shared();
+    // Once, unless the store is cleared meanwhile.
+    while (const auto ticket = storage.beginRetrieval(node.pathKey(), source)) {
+        extraction->retrieve(node);
+        if (storage.finishRetrieval(node.pathKey(), source, *ticket)) break;
     }
-    const Retrieval retrieval(node, source);
-    extraction->retrieve(node);
+    // Also when another node of the same path had it found: who waits for this one waits still.
+    node.signalDataIsNowReady(source);
 }
 
 }  // namespace marquell::metadata

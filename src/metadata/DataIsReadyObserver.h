@@ -17,7 +17,11 @@ public:
 /// A place in a node's list of observers. It doesn't keep its observer alive: a cell that goes away
 /// isn't held by a pending request. Emptied when the observer has been told.
 struct WeakDataIsReadyObserverReference {
+    explicit WeakDataIsReadyObserverReference(const std::shared_ptr<DataIsReadyObserver>& told)
+        : observer(told), identity(told.get()) {}
+
     std::weak_ptr<DataIsReadyObserver> observer;
+    const DataIsReadyObserver* identity;  ///< for comparison, also when the observer has ended
 };
 
 }  // namespace marquell::metadata

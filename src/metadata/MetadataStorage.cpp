@@ -128,30 +128,34 @@ std::optional<WrappedMetaDataValue> MetadataStorage::getValueIfRetrieved(
     return record->find(key, source);
 }
 
-bool MetadataStorage::beginRetrieval(const PathKey& fullPath, MetadataSource source) {
+std::optional<MetadataStorage::Ticket> MetadataStorage::beginRetrieval(const PathKey& fullPath,
+                                                                       MetadataSource source) {
     Shard& shard = shardOf(fullPath);
     std::unique_lock lock(shard.mutex);
     for (;;) {
         PathRecord& record = shard.records->findOrMake(fullPath);
-        if (record.isRetrieved(source)) return false;
+        if (record.isRetrieved(source)) return std::nullopt;
         if (!record.isRetrieving(source)) {
             record.setRetrieving(source, true);
-            return true;
+            return static_cast<Ticket>(shard.records->generation());
         }
         shard.finished.wait(lock);
     }
 }
 
-void MetadataStorage::finishRetrieval(const PathKey& fullPath, MetadataSource source) {
+bool MetadataStorage::finishRetrieval(const PathKey& fullPath, MetadataSource source,
+                                      Ticket ticket) {
     Shard& shard = shardOf(fullPath);
     {
         const std::lock_guard lock(shard.mutex);
+        if (ticket != static_cast<Ticket>(shard.records->generation())) return false;
         PathRecord& record = shard.records->findOrMake(fullPath);
         record.setRetrieving(source, false);
         record.setRetrieved(source, true);
     }
     shard.finished.notify_all();
     itemCounter_.fetch_add(1, std::memory_order_relaxed);
+    return true;
 }
 
 void MetadataStorage::clear() {

@@ -65,13 +65,17 @@ public:
                                                             MetadataKey key,
                                                             MetadataSource source) const;
 
-    /// Decides who extracts: true tells the caller to do it and to call finishRetrieval afterwards
-    /// in any case. False means that the source has finished; when another thread is at it, that is
-    /// waited for. Not to be called by a thread between its own begin and finish.
-    bool beginRetrieval(const PathKey& fullPath, MetadataSource source);
+    /// Says which content of the store a retrieval was begun for.
+    enum class Ticket : std::uint32_t {};
 
-    /// Sets the `retrieved` flag and lets waiting threads go on.
-    void finishRetrieval(const PathKey& fullPath, MetadataSource source);
+    /// Decides who extracts: a ticket tells the caller to do it and to call finishRetrieval
+    /// afterwards in any case. None means that the source has finished; when another thread is at
+    /// it, that is waited for. Not to be called by a thread between its own begin and finish.
+    std::optional<Ticket> beginRetrieval(const PathKey& fullPath, MetadataSource source);
+
+    /// Sets the `retrieved` flag and lets waiting threads go on. If the store was cleared since the
+    /// retrieval began, some of its values are gone: then it sets no flag and returns false.
+    bool finishRetrieval(const PathKey& fullPath, MetadataSource source, Ticket ticket);
 
     /// Forgets everything, flags and counter included. What an extraction that runs meanwhile
     /// stores afterwards is accepted.

@@ -21,6 +21,9 @@ public:
     RecordTable(const RecordTable&) = delete;
     RecordTable& operator=(const RecordTable&) = delete;
 
+    /// Different for each table of the process, and never 0.
+    std::uint32_t generation() const { return generation_; }
+
     /// The path's record; null if it has none.
     PathRecord* find(const PathKey& key);
 

@@ -46,10 +46,13 @@ RunAhead::RunAhead(const std::vector<std::shared_ptr<Node>>& files,
                       [](const Column& column) { return column.origin == Column::Origin::tags; })),
       blockSize_(readsContent(sources_) ? 1 : entriesPerBlock) {
     const bool isNeeded = !sources_.empty() || readsTags_;
-    const unsigned workers = platform::workerCount();
-    if (!isNeeded || workers < 2 || files.size() <= blockSize_) return;
-    isDone_ = std::vector<std::atomic<std::uint8_t>>((files.size() + blockSize_ - 1) / blockSize_);
-    for (unsigned i = 0; i < workers; ++i) threads_.emplace_back(&RunAhead::work, this);
+    const std::size_t blocks = (files.size() + blockSize_ - 1) / blockSize_;
+    const std::size_t workers = std::min<std::size_t>(platform::workerCount(), blocks);
+    if (!isNeeded || workers < 2) return;
+    isDone_ = std::vector<std::atomic<std::uint8_t>>(blocks);
+    for (std::size_t i = 0; i < workers; ++i) {
+        if (!platform::startThread(threads_, [this] { work(); })) return;
+    }
 }
 
 RunAhead::~RunAhead() {

@@ -149,7 +149,7 @@ void FolderWalk::finishFolder(std::vector<std::string> subfolders) {
 void FolderWalk::startHelpersIfWorthwhile() {
     if (!helpers_.empty() || pending_.size() < foldersWorthHelpers) return;
     for (unsigned i = 1; i < platform::workerCount(); ++i) {
-        helpers_.emplace_back(&FolderWalk::work, this);
+        if (!platform::startThread(helpers_, [this] { work(); })) return;
     }
 }
 

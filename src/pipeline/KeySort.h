@@ -17,7 +17,8 @@ struct SortItem {
     std::uint64_t window = 0;  ///< scratch of the sort: eight bytes of the key
 };
 
-/// Asked now and then by long work; true makes it end early, its result then being worthless.
+/// Asked now and then by long work; true makes it end early, its result then being worthless. Once
+/// true, it stays true.
 using StopCheck = std::function<bool()>;
 
 /// A range of positions.

@@ -103,6 +103,7 @@ private:
     std::optional<metadata::WrappedMetaDataValue> ownValue(const Column& column) const;
     metadata::WrappedMetaDataValue extractedValueSync(const Column& column);
     void tellObservers(metadata::MetadataSource source);
+    void dropObserversIfIdle();
 
     NodeBlock& block_;
     const char* path_;

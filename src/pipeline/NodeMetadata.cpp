@@ -135,8 +135,8 @@ void Node::addDataObserver(const std::shared_ptr<metadata::DataIsReadyObserver>&
         if (observers_ == nullptr) observers_ = std::make_unique<NodeObservers>();
         NodeObservers::OfSource& waiting = observers_->of(*source);
         waiting.everAny = true;
-        waiting.references.push_back(std::make_shared<metadata::WeakDataIsReadyObserverReference>(
-            metadata::WeakDataIsReadyObserverReference{observer}));
+        waiting.references.push_back(
+            std::make_shared<metadata::WeakDataIsReadyObserverReference>(observer));
     }
     // The source may have finished between the query and this call; its signal met no observer.
     // Extraction sets the flag before it looks for observers, so one of the two sees the other.
@@ -147,10 +147,11 @@ void Node::remove(const metadata::DataIsReadyObserver& observer, MetadataSource 
     const std::lock_guard lock(observerLocks().of(this));
     if (observers_ == nullptr) return;
     std::erase_if(observers_->of(forSource).references, [&observer](const Reference& reference) {
-        if (reference->observer.lock().get() != &observer) return false;
+        if (reference->identity != &observer) return false;
         reference->observer.reset();  // a signal that is under way has a copy of the list
         return true;
     });
+    dropObserversIfIdle();
 }
 
 void Node::signalDataIsNowReady(MetadataSource forSource) {
@@ -168,6 +169,7 @@ void Node::signalDataIsNowReady(MetadataSource forSource) {
 
 void Node::tellObservers(MetadataSource source) {
     std::unique_lock lock(observerLocks().of(this));
+    if (observers_ == nullptr) return;
     const std::vector<Reference> told = observers_->of(source).references;
     for (const Reference& reference : told) {
         auto observer = reference->observer.lock();
@@ -177,8 +179,20 @@ void Node::tellObservers(MetadataSource source) {
         lock.lock();
         reference->observer.reset();
     }
+    if (observers_ == nullptr) return;
     std::erase_if(observers_->of(source).references,
                   [](const Reference& reference) { return reference->observer.expired(); });
+    dropObserversIfIdle();
+}
+
+/// A list of millions that was scrolled through keeps nothing for its rows. The caller holds the
+/// node's lock.
+void Node::dropObserversIfIdle() {
+    const auto& all = observers_->dataReadyObservers;
+    const bool isIdle = std::all_of(all.begin(), all.end(), [](const auto& waiting) {
+        return waiting.references.empty() && !waiting.everAny;
+    });
+    if (isIdle) observers_.reset();
 }
 
 void Node::forgetLostObservers(MetadataSource forSource) {
@@ -188,6 +202,7 @@ void Node::forgetLostObservers(MetadataSource forSource) {
     std::erase_if(waiting.references,
                   [](const Reference& reference) { return reference->observer.expired(); });
     waiting.everAny = !waiting.references.empty();
+    dropObserversIfIdle();
 }
 
 ObserverInterest Node::interest(MetadataSource forSource) const {

@@ -74,7 +74,7 @@ int writeStraight(const std::string& path, std::string_view bytes) {
 /// A file of a name of its own in the target's folder, gone again unless it is renamed.
 class TemporaryFile {
 public:
-    explicit TemporaryFile(const std::string& target)
+    TemporaryFile(const std::string& target, mode_t mode)
         : folder_(::open(folderOf(target).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)),
           targetName_(lastPathComponent(target)) {
         std::random_device random;
@@ -82,7 +82,7 @@ public:
             // The name is cut so that it fits whatever the length of the target's.
             name_ = "." + targetName_.substr(0, 200) + "." + std::to_string(random());
             constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
-            file_ = FileDescriptor(::openat(folder_.get(), name_.c_str(), flags, 0600));
+            file_ = FileDescriptor(::openat(folder_.get(), name_.c_str(), flags, mode));
             if (file_.isOpen() || errno != EEXIST) break;
         }
         error_ = file_.isOpen() ? 0 : errno;
@@ -101,18 +101,14 @@ public:
         return ::fsync(file_.get()) != 0 ? errno : 0;
     }
 
-    /// Gives the file the owner and mode of `old`. An owner that we may not set stays ours, and
-    /// then no set-id bit may come along.
+    /// Gives the file the owner, group and mode of `old`, as far as we may set them. What they
+    /// allowed one group must not be allowed to another, nor may a set-id bit change hands.
     int takeModeOf(const struct stat& old) const {
-        const bool sameOwner = ::fchown(file_.get(), old.st_uid, old.st_gid) == 0;
-        const mode_t mode = old.st_mode & (sameOwner ? 07777 : 0777);
-        return ::fchmod(file_.get(), mode) != 0 ? errno : 0;
-    }
-
-    int takeModeOfNewFile() const {
-        const mode_t mask = ::umask(0);
-        ::umask(mask);
-        return ::fchmod(file_.get(), 0666 & ~mask) != 0 ? errno : 0;
+        constexpr uid_t unchanged = static_cast<uid_t>(-1);
+        const bool sameGroup = ::fchown(file_.get(), unchanged, old.st_gid) == 0;
+        const bool sameOwner = ::fchown(file_.get(), old.st_uid, unchanged) == 0;
+        const mode_t kept = sameGroup ? (sameOwner ? 07777 : 0777) : 0707;
+        return ::fchmod(file_.get(), old.st_mode & kept) != 0 ? errno : 0;
     }
 
     int rename() {
@@ -138,10 +134,11 @@ private:
 };
 
 int replaceFile(const std::string& path, const struct stat* old, std::string_view bytes) {
-    TemporaryFile file(path);
+    // A new file gets its mode from the mask of the process, an old one's may not leak before then.
+    TemporaryFile file(path, old == nullptr ? 0666 : 0600);
     if (file.error() != 0) return file.error();
     if (const int error = file.write(bytes); error != 0) return error;
-    const int modeError = old != nullptr ? file.takeModeOf(*old) : file.takeModeOfNewFile();
+    const int modeError = old != nullptr ? file.takeModeOf(*old) : 0;
     return modeError != 0 ? modeError : file.rename();
 }
 

@@ -46,9 +46,8 @@ void appendTime(std::string& text, const CivilTime& civil, unsigned hour) {
 /// The locale's medium date and short time, of a clock that is already local.
 class DateFormatter::LocaleFormat {
 public:
-    LocaleFormat()
-        : format_(icu::DateFormat::createDateTimeInstance(
-              icu::DateFormat::kMedium, icu::DateFormat::kShort, icuLocale("LC_TIME"))) {
+    LocaleFormat() : format_(formatOf(icuLocale("LC_TIME"))) {
+        if (format_ == nullptr) format_.reset(formatOf(icu::Locale("en_US_POSIX")));
         if (format_ != nullptr) format_->setTimeZone(*icu::TimeZone::getGMT());
     }
 
@@ -62,6 +61,11 @@ public:
     }
 
 private:
+    static icu::DateFormat* formatOf(const icu::Locale& locale) {
+        return icu::DateFormat::createDateTimeInstance(icu::DateFormat::kMedium,
+                                                       icu::DateFormat::kShort, locale);
+    }
+
     std::unique_ptr<icu::DateFormat> format_;
 };
 

@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <climits>
 #include <cstring>
+#include <ctime>
 #include <memory>
 
 namespace marquell::platform {
@@ -27,7 +28,16 @@ struct ReachedPath {
 struct FolderOnTheWay {
     std::string path;
     FileDescriptor folder;
+    std::time_t openedAt = 0;
 };
+
+/// By a clock that costs nothing to read; in whole seconds, which is as long as a folder may be
+/// remembered: it could be moved away meanwhile and another take its name.
+std::time_t now() {
+    timespec time = {};
+    ::clock_gettime(CLOCK_MONOTONIC_COARSE, &time);
+    return time.tv_sec;
+}
 
 FolderOnTheWay& folderOnTheWay() {
     thread_local FolderOnTheWay folder;
@@ -45,7 +55,7 @@ bool isBelow(std::string_view path, std::string_view folder) {
 }
 
 ReachedPath reachInPieces(const std::string& path, FolderOnTheWay& way) {
-    if (!way.folder.isOpen() || !isBelow(path, way.path)) way = {};
+    if (!isBelow(path, way.path) || way.openedAt != now()) way = {};
     std::size_t done = way.path.empty() ? 0 : way.path.size() + 1;
     while (path.size() - done >= PATH_MAX) {
         const std::size_t length = pieceLength(std::string_view(path).substr(done));
@@ -54,7 +64,7 @@ ReachedPath reachInPieces(const std::string& path, FolderOnTheWay& way) {
         const int base = way.folder.isOpen() ? way.folder.get() : AT_FDCWD;
         FileDescriptor next(::openat(base, piece.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
         if (!next.isOpen()) return {.error = errno};
-        way = {path.substr(0, done + length), std::move(next)};
+        way = {path.substr(0, done + length), std::move(next), now()};
         done += length + 1;
     }
     return {way.folder.get(), path.c_str() + done, 0};

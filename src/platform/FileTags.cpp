@@ -28,11 +28,12 @@ std::vector<std::string> splitAtCommas(std::string_view list) {
     }
 }
 
-/// A dangling link has no tags, but nothing about it failed.
+/// Whether a refused read means more than that there are no tags: some kinds of files and file
+/// systems have none, and a link that leads nowhere or in circles has no file to ask.
 bool isFailure(const std::string& path, int error) {
-    if (error == EACCES || error == EIO) return true;
+    if (error == ENODATA || error == EOPNOTSUPP || error == EPERM) return false;
     int entryError = 0;
-    return error == ENOENT && !entryExists(path, entryError);
+    return (error != ENOENT && error != ELOOP) || !entryExists(path, entryError);
 }
 
 }  // namespace

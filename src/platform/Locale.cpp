@@ -23,7 +23,9 @@ icu::Locale icuLocale(const char* category) {
     const std::string name = localeName(category);
     const std::string language = name.substr(0, name.find_first_of(".@"));
     if (language == "C" || language == "POSIX") return icu::Locale("en_US_POSIX");
-    return icu::Locale::createCanonical(name.c_str());
+    const icu::Locale locale = icu::Locale::createCanonical(name.c_str());
+    // ICU crashes on a locale that it could make nothing of.
+    return locale.isBogus() ? icu::Locale("en_US_POSIX") : locale;
 }
 
 std::string decimalSeparator() {

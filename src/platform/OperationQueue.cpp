@@ -5,6 +5,8 @@
 
 #include <utility>
 
+#include "platform/Workers.h"
+
 namespace marquell::platform {
 
 OperationQueue::OperationQueue(std::string name) : name_(std::move(name)) {}
@@ -16,15 +18,16 @@ OperationQueue::~OperationQueue() {
         for (const auto& operation : operations_) operation->abandon();
     }
     changed_.notify_all();
-    if (thread_.joinable()) thread_.join();
+    for (std::thread& thread : thread_) thread.join();
 }
 
-void OperationQueue::addOperation(std::shared_ptr<Operation> operation) {
+bool OperationQueue::addOperation(std::shared_ptr<Operation> operation) {
     const std::lock_guard lock(mutex_);
-    if (closing_) return;
+    if (closing_) return true;  // as good as abandoned at once
+    if (thread_.empty() && !startThread(thread_, [this] { work(); })) return false;
     operations_.push_back(std::move(operation));
-    if (!thread_.joinable()) thread_ = std::thread(&OperationQueue::work, this);
     changed_.notify_all();
+    return true;
 }
 
 void OperationQueue::cancelAllOperations() {

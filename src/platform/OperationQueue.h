@@ -45,7 +45,8 @@ public:
     OperationQueue(const OperationQueue&) = delete;
     OperationQueue& operator=(const OperationQueue&) = delete;
 
-    void addOperation(std::shared_ptr<Operation> operation);
+    /// False if there is no thread and the system refuses one; the operation is then dropped.
+    bool addOperation(std::shared_ptr<Operation> operation);
     void cancelAllOperations();
 
     /// The running operation, if any, and the waiting ones behind it.
@@ -60,7 +61,7 @@ private:
     std::condition_variable changed_;
     bool closing_ = false;                                // guarded by mutex_
     std::vector<std::shared_ptr<Operation>> operations_;  // guarded by mutex_, running one first
-    std::thread thread_;
+    std::vector<std::thread> thread_;                     // none or one
 };
 
 }  // namespace marquell::platform

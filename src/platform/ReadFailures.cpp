@@ -7,8 +7,9 @@ namespace marquell::platform {
 namespace {
 
 ReadFailureListener& listenerSlot() {
-    static ReadFailureListener slot;
-    return slot;
+    // Never destroyed: threads may still report while the process ends.
+    static auto* const slot = new ReadFailureListener;
+    return *slot;
 }
 
 }  // namespace

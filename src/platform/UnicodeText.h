@@ -14,7 +14,8 @@ namespace marquell::platform {
 /// NFD(fold(NFD(text))). Comparing keys as unsigned bytes gives code point order.
 void appendCaseInsensitiveKey(std::string& key, std::string_view text);
 
-/// Calls `visit` with each user-perceived character (extended grapheme cluster) in order.
+/// Calls `visit` with each user-perceived character (extended grapheme cluster) in order. `visit`
+/// must not look for characters itself: a thread has one iterator.
 void forEachCharacter(std::string_view text, const std::function<void(std::string_view)>& visit);
 
 /// Number of user-perceived characters.

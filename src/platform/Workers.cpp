@@ -3,8 +3,8 @@
 
 #include <algorithm>
 #include <atomic>
-#include <thread>
-#include <vector>
+#include <system_error>
+#include <utility>
 
 namespace marquell::platform {
 namespace {
@@ -20,15 +20,27 @@ unsigned workerCount() { return countSlot().load(std::memory_order_relaxed); }
 
 void setWorkerCount(unsigned count) { countSlot().store(count, std::memory_order_relaxed); }
 
+bool startThread(std::vector<std::thread>& threads, std::function<void()> work) {
+    try {
+        threads.emplace_back(std::move(work));
+        return true;
+    } catch (const std::system_error&) {
+        return false;
+    }
+}
+
 void forRanges(std::size_t count, std::size_t grain,
                const std::function<void(std::size_t begin, std::size_t end)>& work) {
     const std::size_t parts = std::clamp<std::size_t>(count / grain, 1, workerCount());
     const std::size_t size = (count + parts - 1) / parts;
     std::vector<std::thread> threads;
-    for (std::size_t begin = size; begin < count; begin += size) {
-        threads.emplace_back(work, begin, std::min(begin + size, count));
+    std::size_t begin = size;
+    for (; begin < count; begin += size) {
+        const std::size_t end = std::min(begin + size, count);
+        if (!startThread(threads, [&work, begin, end] { work(begin, end); })) break;
     }
     work(0, std::min(size, count));
+    if (begin < count) work(begin, count);  // what no thread could be had for
     for (std::thread& thread : threads) thread.join();
 }
 

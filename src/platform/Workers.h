@@ -3,6 +3,8 @@
 
 #include <cstddef>
 #include <functional>
+#include <thread>
+#include <vector>
 
 namespace marquell::platform {
 
@@ -12,6 +14,10 @@ unsigned workerCount();
 
 /// `count` is at least 1. Takes effect for work begun afterwards.
 void setWorkerCount(unsigned count);
+
+/// Starts a thread for `work` and adds it to `threads`. False if the system refuses one, as it does
+/// at its limits; the caller then does without.
+bool startThread(std::vector<std::thread>& threads, std::function<void()> work);
 
 /// Runs `work(begin, end)` over consecutive ranges that cover 0 to `count`, on up to workerCount()
 /// threads, the caller's among them. Ranges have at least `grain` items, so that little work stays

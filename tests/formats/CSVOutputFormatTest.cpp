@@ -133,8 +133,7 @@ TEST_F(CSVOutput, WritesEachKindOfValue) {
     store.store(file, MetadataSource::basic, "creation_date", platform::Date{-1, 0});
     store.store(file, MetadataSource::imageIO, "exif_make", true);
     for (const auto source : {MetadataSource::basic, MetadataSource::imageIO}) {
-        store.beginRetrieval(file, source);
-        store.finishRetrieval(file, source);
+        store.store(file, source, "retrieved", true);
     }
     snapshot_.boolValuesMode = 4;
     snapshot_.columnList = {"extension", "full_path_name_length", "size_in_bytes", "creation_date",

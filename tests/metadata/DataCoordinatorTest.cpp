@@ -196,7 +196,7 @@ TEST_F(DataCoordinatorTest, DisplayStrings) {
         {false, "false"},        {std::int64_t{1000}, "1 KB"},
     };
     MetadataStorage& storage = MetadataStorage::shared();
-    storage.finishRetrieval(node->pathKey(), MetadataSource::basic);
+    storage.store(node->pathKey(), MetadataSource::basic, "retrieved", true);
     for (const auto& [value, text] : cases) {
         storage.store(node->pathKey(), MetadataSource::basic, "creation_date", value);
         EXPECT_EQ(node->getDisplayString("creation_date"),

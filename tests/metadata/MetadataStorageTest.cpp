@@ -133,9 +133,9 @@ TEST_F(MetadataStorageTest, FlagIsOfOneSourceAndGoesWithAClear) {
     EXPECT_EQ(storage.getValueIfRetrieved(file, metadataKey("size"), Source::basic), std::nullopt);
     storage.storeBasicInformation(file, {9, {}, {}});
     EXPECT_EQ(storage.getValueIfRetrieved(file, metadataKey("size"), Source::basic), std::nullopt);
-    EXPECT_TRUE(storage.beginRetrieval(file, Source::basic));
-    EXPECT_TRUE(storage.beginRetrieval(file, Source::hashes));
-    storage.finishRetrieval(file, Source::basic);
+    const auto ticket = storage.beginRetrieval(file, Source::basic);
+    ASSERT_TRUE(ticket && storage.beginRetrieval(file, Source::hashes));
+    EXPECT_TRUE(storage.finishRetrieval(file, Source::basic, *ticket));
     EXPECT_THAT(storage.getValueIfRetrieved(file, metadataKey("size"), Source::basic),
                 Optional(Value(std::int64_t{9})));
     EXPECT_THAT(storage.getValueIfRetrieved(file, metadataKey("md5"), Source::basic),
@@ -163,11 +163,11 @@ TEST_F(MetadataStorageTest, OneThreadExtractsAndTheOthersWaitForItsValues) {
         for (int i = 0; i < paths; ++i) {
             const std::string text = "/" + std::to_string(i);
             const PathKey path(text);
-            if (storage.beginRetrieval(path, Source::hashes)) {
+            if (const auto ticket = storage.beginRetrieval(path, Source::hashes)) {
                 extractions[static_cast<std::size_t>(i)] += 1;
                 storage.store(path, Source::hashes, "md5", text);
                 storage.storeBasicInformation(path, {i, {}, {}});
-                storage.finishRetrieval(path, Source::hashes);
+                EXPECT_TRUE(storage.finishRetrieval(path, Source::hashes, *ticket));
             }
             EXPECT_THAT(storage.getStringValue(path, "md5", Source::hashes), Optional(text));
             EXPECT_EQ(storage.getWrappedValue(path, "size", Source::basic), Value(std::int64_t{i}));
@@ -178,15 +178,21 @@ TEST_F(MetadataStorageTest, OneThreadExtractsAndTheOthersWaitForItsValues) {
 }
 
 TEST_F(MetadataStorageTest, AClearLetsWhoWaitsExtractAnew) {
-    ASSERT_TRUE(storage.beginRetrieval(file, Source::hashes));
+    const auto first = storage.beginRetrieval(file, Source::hashes);
+    ASSERT_TRUE(first);
+    storage.store(file, Source::hashes, "md5", "lost"s);
     std::latch arrived(1);
     std::thread waiting([&] {
         arrived.count_down();
-        EXPECT_TRUE(storage.beginRetrieval(file, Source::hashes));
-        storage.finishRetrieval(file, Source::hashes);
+        const auto second = storage.beginRetrieval(file, Source::hashes);
+        ASSERT_TRUE(second);
+        // The first one's values are gone: its end must not pass for that of this one.
+        EXPECT_FALSE(storage.finishRetrieval(file, Source::hashes, *first));
+        EXPECT_FALSE(storage.isRetrieved(file, Source::hashes));
+        EXPECT_TRUE(storage.finishRetrieval(file, Source::hashes, *second));
     });
     arrived.wait();
-    storage.clear();  // and no finishRetrieval of ours, which would do as well
+    storage.clear();
     waiting.join();
     EXPECT_TRUE(storage.isRetrieved(file, Source::hashes));
 }

@@ -58,7 +58,7 @@ protected:
         if (const auto date = anyDate()) {
             storage.store(node.pathKey(), MetadataSource::spotlight, "contentcreationdate", *date);
         }
-        storage.finishRetrieval(node.pathKey(), MetadataSource::basic);
+        storage.store(node.pathKey(), MetadataSource::basic, "retrieved", true);
     }
 
     Nodes anyNodes(int count) {

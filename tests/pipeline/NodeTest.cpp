@@ -122,7 +122,7 @@ TEST(Node, ComparesUnderEveryMode) {
     storage.storeBasicInformation(late, {1LL << 40, platform::Date{-5, 2}, platform::Date{10, 0}});
     storage.store(early, MetadataSource::spotlight, "contentcreationdate", platform::Date{1, 0});
     for (const std::string_view path : {early, late, std::string_view("/bare")}) {
-        storage.finishRetrieval(path, MetadataSource::basic);
+        storage.store(path, MetadataSource::basic, "retrieved", true);
     }
     const Comparison cases[] = {
         {0, "/b/file2", "/a/file10", Result::aComesFirst},

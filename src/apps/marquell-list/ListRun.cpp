@@ -2,6 +2,7 @@
 #include "ListRun.h"
 
 #include <chrono>
+#include <tuple>
 #include <utility>
 
 #include "formats/OutputFormatType.h"
@@ -12,7 +13,10 @@ namespace marquell::apps {
 std::shared_ptr<const platform::TextBuffer> ListRun::run(pipeline::DataModelSnapshot snapshot,
                                                          const StageShower& show) {
     using namespace std::chrono_literals;
-    queue_.addOperation(std::make_shared<pipeline::ScannerOperation>(*this, std::move(snapshot)));
+    if (!queue_.addOperation(
+            std::make_shared<pipeline::ScannerOperation>(*this, std::move(snapshot)))) {
+        return nullptr;
+    }
     std::unique_lock lock(mutex_);
     while (!finished_.wait_for(lock, 100ms, [this] { return text_ != nullptr; })) {
         const auto operations = queue_.operations();
@@ -26,8 +30,10 @@ std::shared_ptr<const platform::TextBuffer> ListRun::run(pipeline::DataModelSnap
 
 void ListRun::scanOperationFinished(pipeline::ScannerOperation& scanOperation) {
     const pipeline::DataModelSnapshot& snapshot = scanOperation.dataModelSnapshot();
-    queue_.addOperation(formats::outputFormat(snapshot.outputFormat)
-                            ->getOutputOperation(snapshot, *this, scanOperation.flatFileList()));
+    // Cannot fail: the queue has the thread that this runs on.
+    std::ignore = queue_.addOperation(
+        formats::outputFormat(snapshot.outputFormat)
+            ->getOutputOperation(snapshot, *this, scanOperation.flatFileList()));
 }
 
 void ListRun::outputOperationFinished(formats::OutputFormatOperationType& outputOperation) {

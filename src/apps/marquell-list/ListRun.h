@@ -20,7 +20,7 @@ public:
     using StageShower = std::function<void(const pipeline::OutputEngineOperationType& stage)>;
 
     /// Makes the text of the list. Meanwhile `show` is called ten times a second, on the caller's
-    /// thread, with the stage that runs.
+    /// thread, with the stage that runs. Null if the system refuses a thread to run on.
     std::shared_ptr<const platform::TextBuffer> run(pipeline::DataModelSnapshot snapshot,
                                                     const StageShower& show);
 

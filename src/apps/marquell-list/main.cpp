@@ -73,6 +73,10 @@ struct RequestRunner {
         // The run outlives the delivery, so that a list of millions is given back meanwhile.
         ListRun run;
         const auto text = makeText(run, request);
+        if (text == nullptr) {
+            printMessage("the list could not be made: the system refuses to start a thread");
+            return ExitStatus::notDelivered;
+        }
         const bool anyFailures = failures.report();
         const ExitStatus delivered = deliver(text->view(), request.outputFile);
         if (delivered != ExitStatus::success || !anyFailures) return delivered;
