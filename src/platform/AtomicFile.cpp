@@ -2,7 +2,6 @@
 #include "platform/AtomicFile.h"
 
 #include <fcntl.h>
-#include <poll.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -15,6 +14,7 @@
 #include <optional>
 #include <random>
 
+#include "platform/DescriptorIo.h"
 #include "platform/FileDescriptor.h"
 #include "platform/Path.h"
 
@@ -143,21 +143,6 @@ int replaceFile(const std::string& path, const struct stat* old, std::string_vie
 }
 
 }  // namespace
-
-int writeAll(int descriptor, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
-        if (written > 0) {
-            bytes.remove_prefix(static_cast<std::size_t>(written));
-        } else if (written < 0 && errno == EAGAIN) {
-            pollfd writable = {descriptor, POLLOUT, 0};
-            ::poll(&writable, 1, -1);
-        } else if (written < 0 && errno != EINTR) {
-            return errno;
-        }
-    }
-    return 0;
-}
 
 int writeFileAtomically(const std::string& path, std::string_view bytes) {
     const std::optional<std::string> target = resolveLinks(path);

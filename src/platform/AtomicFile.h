@@ -6,10 +6,6 @@
 
 namespace marquell::platform {
 
-/// Writes all of `bytes` to an open descriptor, through short writes and interruptions; waits for
-/// the reader also where the descriptor is set not to. Returns 0 or errno.
-int writeAll(int descriptor, std::string_view bytes);
-
 /// Puts `bytes` at `path` whole or not at all. A regular file, or a new one, is written beside the
 /// target under a temporary name, synced and renamed over it; the mode of an old file is kept and
 /// links are followed. A FIFO or device is written straight, and so is a descriptor of ours, to

@@ -18,6 +18,7 @@
 #include "Messages.h"
 #include "Settings.h"
 #include "formats/OutputFormatType.h"
+#include "platform/DescriptorIo.h"
 #include "platform/FileDescriptor.h"
 #include "platform/FileSystem.h"
 #include "platform/Path.h"
@@ -59,21 +60,6 @@ constexpr std::array<FormatName, 6> formatNames = {{
 }};
 
 using Problem = std::optional<std::string>;
-
-/// Reads a descriptor to its end. Absent on failure, errno then telling why.
-std::optional<std::string> readAll(int descriptor) {
-    std::string bytes;
-    std::array<char, 65536> block{};
-    for (;;) {
-        const ssize_t length = ::read(descriptor, block.data(), block.size());
-        if (length == 0) return bytes;
-        if (length > 0) {
-            bytes.append(block.data(), static_cast<std::size_t>(length));
-        } else if (errno != EINTR) {
-            return std::nullopt;
-        }
-    }
-}
 
 class Parser {
 public:
@@ -199,11 +185,8 @@ private:
             isInput ? platform::FileDescriptor(::dup(STDIN_FILENO))
                     : platform::openPath(*from0File_, O_RDONLY, error);
         if (isInput) error = errno;
-        const auto bytes = file.isOpen() ? readAll(file.get()) : std::nullopt;
-        if (!bytes) {
-            if (file.isOpen()) error = errno;
-            return "--from0 " + quoted(*from0File_) + ": " + std::strerror(error);
-        }
+        const auto bytes = file.isOpen() ? platform::readAll(file.get(), error) : std::nullopt;
+        if (!bytes) return "--from0 " + quoted(*from0File_) + ": " + std::strerror(error);
         std::string_view rest = *bytes;
         while (!rest.empty()) {
             const std::string_view path = rest.substr(0, rest.find('\0'));

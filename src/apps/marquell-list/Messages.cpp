@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/AtomicFile.h"
+#include "platform/DescriptorIo.h"
 #include "platform/DiagnosticText.h"
 #include "platform/UnicodeText.h"
 #include "platform/Utf8.h"

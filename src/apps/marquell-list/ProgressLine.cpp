@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "platform/AtomicFile.h"
+#include "platform/DescriptorIo.h"
 
 namespace marquell::apps {
 namespace {

@@ -21,6 +21,7 @@
 #include "metadata/DataCoordinator.h"
 #include "metadata/TagManager.h"
 #include "platform/AtomicFile.h"
+#include "platform/DescriptorIo.h"
 #include "platform/Workers.h"
 
 namespace marquell::apps {
