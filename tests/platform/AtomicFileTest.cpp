@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "platform/AtomicFile.h"
+#include "platform/DescriptorIo.h"
 #include "platform/FileDescriptor.h"
 #include "platform/Surroundings.h"
 
