@@ -19,7 +19,7 @@ namespace {
 /// AT_FDCWD when it is short enough. Good until the thread reaches its next path.
 struct ReachedPath {
     int base = AT_FDCWD;
-    const char* rest = nullptr;
+    const char* rest = "";
     int error = 0;
 };
 
