@@ -18,8 +18,7 @@ namespace {
 class KeyBlock {
 public:
     const char* keep(std::string_view key) {
-        if (key.empty()) return "";
-        if (key.size() > room_) {
+        if (next_ == nullptr || key.size() > room_) {
             room_ = std::max(key.size(), blockSize);
             blocks_.push_back(std::make_unique_for_overwrite<char[]>(room_));
             next_ = blocks_.back().get();
