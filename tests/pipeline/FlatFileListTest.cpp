@@ -87,7 +87,13 @@ private:
 };
 
 TEST_F(FlatFileListTest, SortsAsAStableSortByComparisonDoes) {
-    const Nodes nodes = anyNodes(200);
+    Nodes nodes = anyNodes(200);
+    NodeArena arena;
+    for (std::size_t length = 1; length < 50; ++length) {  // each the beginning of the next
+        const std::string name(length, 'z');
+        nodes.push_back(arena.make<FileNode>(name, "/" + name, {}));
+    }
+    std::shuffle(nodes.begin(), nodes.end(), random_);
     std::uniform_int_distribution<int> anyMode(0, 15);
     for (int round = 0; round < 48; ++round) {
         const int first = round < 16 ? round : anyMode(random_);  // each is first at least once
