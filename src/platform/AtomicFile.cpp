@@ -71,26 +71,31 @@ int writeStraight(const std::string& path, std::string_view bytes) {
     return ::close(file.release()) != 0 && error == 0 ? errno : error;
 }
 
-/// A file of a name of its own in the target's folder, gone again unless it is renamed.
+/// A file in the target's folder that takes the target's place when it is renamed, and is gone
+/// otherwise. Where the file system can, it has no name until then: whatever ends the program
+/// meanwhile, nothing is left behind.
 class TemporaryFile {
 public:
     TemporaryFile(const std::string& target, mode_t mode)
         : folder_(::open(folderOf(target).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)),
           targetName_(lastPathComponent(target)) {
-        std::random_device random;
-        for (int attempt = 0; folder_.isOpen() && attempt < 100; ++attempt) {
-            // The name is cut so that it fits whatever the length of the target's.
-            name_ = "." + targetName_.substr(0, 200) + "." + std::to_string(random());
-            constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
-            file_ = FileDescriptor(::openat(folder_.get(), name_.c_str(), flags, mode));
-            if (file_.isOpen() || errno != EEXIST) break;
+        if (!folder_.isOpen()) {
+            error_ = errno;
+            return;
         }
-        error_ = file_.isOpen() ? 0 : errno;
+        file_ =
+            FileDescriptor(::openat(folder_.get(), ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, mode));
+        if (file_.isOpen()) return;
+        error_ = withFreeName([this, mode](const char* name) {
+            constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
+            file_ = FileDescriptor(::openat(folder_.get(), name, flags, mode));
+            return file_.isOpen();
+        });
     }
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
     ~TemporaryFile() {
-        if (error_ == 0 && !renamed_) ::unlinkat(folder_.get(), name_.c_str(), 0);
+        if (!name_.empty()) ::unlinkat(folder_.get(), name_.c_str(), 0);
     }
 
     /// errno of the creation; the other operations need 0.
@@ -112,11 +117,14 @@ public:
     }
 
     int rename() {
+        if (name_.empty()) {
+            if (const int error = giveName(); error != 0) return error;
+        }
         if (::close(file_.release()) != 0) return errno;
         if (::renameat(folder_.get(), name_.c_str(), folder_.get(), targetName_.c_str()) != 0) {
             return errno;
         }
-        renamed_ = true;
+        name_.clear();
         // The file is in place; whether the folder's own entry is durable is the disk's affair.
         const FileDescriptor folder(
             ::openat(folder_.get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
@@ -125,12 +133,34 @@ public:
     }
 
 private:
+    /// Calls `take` with names that nobody is likely to have, until it takes one. Returns 0, or
+    /// errno when that fails otherwise than by a name in use.
+    template <typename Take>
+    int withFreeName(const Take& take) {
+        std::random_device random;
+        int error = EEXIST;
+        for (int attempt = 0; attempt < 100 && error == EEXIST; ++attempt) {
+            // The target's name is cut so that the sum fits whatever its length.
+            const std::string name =
+                "." + targetName_.substr(0, 200) + "." + std::to_string(random());
+            error = take(name.c_str()) ? 0 : errno;
+            if (error == 0) name_ = name;
+        }
+        return error;
+    }
+
+    int giveName() {
+        const std::string open = "/proc/self/fd/" + std::to_string(file_.get());
+        return withFreeName([this, &open](const char* name) {
+            return ::linkat(AT_FDCWD, open.c_str(), folder_.get(), name, AT_SYMLINK_FOLLOW) == 0;
+        });
+    }
+
     FileDescriptor folder_;
     std::string targetName_;
-    std::string name_;
+    std::string name_;  ///< empty while it has none
     FileDescriptor file_;
     int error_ = 0;
-    bool renamed_ = false;
 };
 
 int replaceFile(const std::string& path, const struct stat* old, std::string_view bytes) {
@@ -155,6 +185,19 @@ int writeFileAtomically(const std::string& path, std::string_view bytes) {
     if (S_ISDIR(old.st_mode)) return EISDIR;
     if (!S_ISREG(old.st_mode)) return writeStraight(*target, bytes);
     return replaceFile(*target, &old, bytes);
+}
+
+int destinationError(const std::string& path) {
+    const std::optional<std::string> target = resolveLinks(path);
+    if (!target) return ELOOP;
+    if (ownDescriptor(*target)) return 0;
+    struct stat old = {};
+    const bool exists = ::stat(target->c_str(), &old) == 0;
+    if (!exists && errno != ENOENT) return errno;
+    if (exists && S_ISDIR(old.st_mode)) return EISDIR;
+    const bool isReplaced = !exists || S_ISREG(old.st_mode);
+    const std::string written = isReplaced ? folderOf(*target) : *target;
+    return ::faccessat(AT_FDCWD, written.c_str(), W_OK, AT_EACCESS) != 0 ? errno : 0;
 }
 
 }  // namespace marquell::platform

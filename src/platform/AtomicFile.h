@@ -13,4 +13,8 @@ namespace marquell::platform {
 /// after a failure the old file stands and nothing else is left behind.
 int writeFileAtomically(const std::string& path, std::string_view bytes);
 
+/// Whether writeFileAtomically has a chance, as far as can be told without writing: 0, or the errno
+/// that it would meet. For those who have long work to do before they write.
+int destinationError(const std::string& path);
+
 }  // namespace marquell::platform

@@ -9,6 +9,10 @@ namespace marquell::platform {
 
 inline constexpr std::size_t hugePageSize = 2 * 1024 * 1024;
 
+/// What operator new does when there is no memory: the program's handler if it has one, else
+/// std::bad_alloc.
+[[noreturn]] void reportNoMemory();
+
 struct FreeMemory {
     void operator()(std::byte* memory) const { std::free(memory); }
 };

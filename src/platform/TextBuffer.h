@@ -5,8 +5,9 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
-#include <new>
 #include <string_view>
+
+#include "platform/LargeMemory.h"
 
 namespace marquell::platform {
 
@@ -37,7 +38,7 @@ private:
     void grow(std::size_t needed) {
         const std::size_t capacity = size_ + needed + size_ / 8 + 64;
         char* grown = static_cast<char*>(std::realloc(bytes_.get(), capacity));
-        if (grown == nullptr) throw std::bad_alloc();
+        if (grown == nullptr) reportNoMemory();
         static_cast<void>(bytes_.release());
         bytes_.reset(grown);
         capacity_ = capacity;

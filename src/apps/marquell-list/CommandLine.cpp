@@ -98,7 +98,7 @@ private:
             case 'o':
                 return setOutputFile(optarg);
             case from0:
-                from0File_ = optarg;
+                from0Files_.emplace_back(optarg);
                 return std::nullopt;
             case jobs:
                 return setJobs(optarg);
@@ -149,6 +149,7 @@ private:
 
     Problem setOutputFile(std::string_view path) {
         if (path.empty()) return "option -o: found an empty name, expected a file";
+        if (request_.outputFile) return "option -o: found twice, expected one file";
         request_.outputFile = path;
         return std::nullopt;
     }
@@ -178,15 +179,15 @@ private:
         return std::nullopt;
     }
 
-    Problem addSourcesFromFile() {
-        const bool isInput = *from0File_ == "-";
+    Problem addSourcesFromFile(const std::string& name) {
+        const bool isInput = name == "-";
         int error = 0;
-        const platform::FileDescriptor file =
-            isInput ? platform::FileDescriptor(::dup(STDIN_FILENO))
-                    : platform::openPath(*from0File_, O_RDONLY, error);
+        const platform::FileDescriptor file = isInput
+                                                  ? platform::FileDescriptor(::dup(STDIN_FILENO))
+                                                  : platform::openPath(name, O_RDONLY, error);
         if (isInput) error = errno;
         const auto bytes = file.isOpen() ? platform::readAll(file.get(), error) : std::nullopt;
-        if (!bytes) return "--from0 " + quoted(*from0File_) + ": " + std::strerror(error);
+        if (!bytes) return "--from0 " + quoted(name) + ": " + std::strerror(error);
         std::string_view rest = *bytes;
         while (!rest.empty()) {
             const std::string_view path = rest.substr(0, rest.find('\0'));
@@ -199,9 +200,10 @@ private:
     }
 
     Problem finish(bool hasPaths) {
-        if (from0File_) {
-            if (Problem problem = addSourcesFromFile()) return problem;
-        } else if (!hasPaths) {
+        for (const std::string& name : from0Files_) {
+            if (Problem problem = addSourcesFromFile(name)) return problem;
+        }
+        if (!hasPaths && from0Files_.empty()) {
             return "found no source, expected a PATH or --from0; see --help";
         }
         const auto* format = formats::outputFormat(request_.snapshot.outputFormat);
@@ -215,7 +217,7 @@ private:
 
     ListRequest request_;
     bool columnsGiven_ = false;
-    std::optional<std::string> from0File_;
+    std::vector<std::string> from0Files_;
     std::string base_;
 };
 
@@ -238,7 +240,8 @@ std::string helpText() {
            "      --from0 FILE         take sources from FILE, separated by NUL; - is standard "
            "input\n"
            "      --list-columns       print the catalogue of columns as tab-separated text\n"
-           "      --jobs N             workers for extraction; default: the number of cores\n"
+           "      --jobs N             threads that walk, sort and read ahead; default: one a "
+           "core\n"
            "  -q, --quiet              no progress and no hints; what could not be read is named\n"
            "      --help, --version    print this, or the version\n"
            "\n"

@@ -5,7 +5,9 @@
 #include <cerrno>
 #include <clocale>
 #include <csignal>
+#include <cstdlib>
 #include <cstring>
+#include <new>
 #include <set>
 #include <string>
 #include <string_view>
@@ -36,13 +38,24 @@ void occupyClosedStreams() {
     }
 }
 
+ExitStatus notDelivered(const std::string& target, int error) {
+    printMessage(target + ": the list could not be written: " + std::strerror(error));
+    return ExitStatus::notDelivered;
+}
+
 ExitStatus deliver(std::string_view bytes, const std::optional<std::string>& file) {
     const int error = file ? platform::writeFileAtomically(*file, bytes)
                            : platform::writeAll(STDOUT_FILENO, bytes);
-    if (error == 0) return ExitStatus::success;
-    const std::string target = file ? quoted(*file) : "standard output";
-    printMessage(target + ": the list could not be written: " + std::strerror(error));
-    return ExitStatus::notDelivered;
+    return error == 0 ? ExitStatus::success
+                      : notDelivered(file ? quoted(*file) : "standard output", error);
+}
+
+/// The end of a run that memory does not suffice for: the one exception that nobody can handle.
+[[noreturn]] void endOutOfMemory() {
+    constexpr std::string_view message =
+        "marquell-list: the list could not be made: out of memory\n";
+    static_cast<void>(platform::writeAll(STDERR_FILENO, message));
+    std::_Exit(static_cast<int>(ExitStatus::notDelivered));
 }
 
 /// Tells of columns that stay empty because nothing delivers their source.
@@ -68,6 +81,11 @@ struct RequestRunner {
         return ExitStatus::wrongUsage;
     }
     ExitStatus operator()(const ListRequest& request) const {
+        if (request.outputFile) {
+            // Told now rather than after hours of reading.
+            const int error = platform::destinationError(*request.outputFile);
+            if (error != 0) return notDelivered(quoted(*request.outputFile), error);
+        }
         if (request.jobs) platform::setWorkerCount(*request.jobs);
         if (!request.quiet) hintAtUndeliveredColumns(request.snapshot);
         const FailureCollector failures;
@@ -101,6 +119,7 @@ int main(int argumentCount, char** arguments) {
     // A reader that went away or a limit on file sizes is an error of the write, not our end.
     for (const int signal : {SIGPIPE, SIGXFSZ}) std::signal(signal, SIG_IGN);
     std::setlocale(LC_ALL, "");
+    std::set_new_handler(&endOutOfMemory);
     return static_cast<int>(
         std::visit(RequestRunner{}, parseCommandLine(argumentCount, arguments)));
 }
