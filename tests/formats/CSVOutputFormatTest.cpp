@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "formats/CSVOutputFormat.h"
-#include "formats/ItemOutputFormatter.h"
 #include "metadata/MetadataStorage.h"
 #include "pipeline/NodeArena.h"
 #include "platform/Surroundings.h"
@@ -19,33 +18,6 @@ namespace {
 using metadata::MetadataSource;
 using metadata::MetadataStorage;
 using pipeline::DataModelSnapshot;
-
-TEST(ItemOutputFormatter, FollowsTheModesAndFallsBackToTheFirst) {
-    const tests::Environment place{{"TZ", "UTC"}, {"LC_ALL", "de_DE.UTF-8"}};
-    struct Row {
-        int mode;
-        const char* null;
-        const char* whenTrue;
-        const char* whenFalse;
-        const char* date;
-    };
-    for (const Row& row : {Row{0, "", "true", "false", "2024-03-09"},
-                           Row{1, "Null", "yes", "no", "2024-03-09 00:05:07"},
-                           Row{2, "n/a", "TRUE", "FALSE", "2024-03-09 12:05:07 AM"},
-                           Row{3, "nil", "YES", "NO", "09.03.2024, 00:05"},
-                           Row{4, "none", "1", "0", "09.03.2024, 00:05"},
-                           Row{5, "", "true", "false", "09.03.2024, 00:05"},
-                           Row{-1, "", "true", "false", "09.03.2024, 00:05"}}) {
-        DataModelSnapshot snapshot;
-        snapshot.nullValuesMode = snapshot.boolValuesMode = snapshot.dateFormatMode = row.mode;
-        CSVItemOutputFormatter formatter(snapshot);
-        EXPECT_EQ(formatter.formatNullValue(), row.null);
-        EXPECT_EQ(formatter.formatBoolValue(true), row.whenTrue);
-        EXPECT_EQ(formatter.formatBoolValue(false), row.whenFalse);
-        EXPECT_EQ(formatter.formatDate({1'709'942'707, 0}), row.date);
-        EXPECT_EQ(formatter.formatNumber(-1'234'567), "-1234567");
-    }
-}
 
 /// Keeps the text that it is handed.
 class Owner : public pipeline::StageOwner {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gmock/gmock.h>
 
-#include <algorithm>
 #include <array>
 #include <cctype>
 #include <optional>
@@ -12,7 +11,6 @@
 #include <vector>
 
 #include "metadata/TagManager.h"
-#include "platform/InstalledTranslation.h"
 
 namespace marquell::metadata {
 namespace {
@@ -115,17 +113,6 @@ TEST_F(TagManagerTest, TagTableHoldsEveryNamedIdOnce) {
                                              "iptc_originating_program"));
 }
 
-TEST_F(TagManagerTest, CategoriesAreTheTagSpacesWithSeparators) {
-    EXPECT_THAT(manager.localizedTagCategories,
-                ElementsAre("Basic", "Size", "-", "Spotlight", "-", "Image", "EXIF", "GPS", "-",
-                            "IPTC (Common Usage)", "IPTC (Contact Info)", "IPTC (IIM Legacy)", "-",
-                            "Audio Visual (Common)", "ID3", "-", "Hashes"));
-    EXPECT_THAT(
-        manager.localizedBriefTagCategories,
-        ElementsAre("Basic", "Size", "-", "Spotlight", "-", "Image", "EXIF", "GPS", "-", "IPTC",
-                    "IPTC (Contact)", "IPTC (Legacy)", "-", "AV", "ID3", "-", "Hashes"));
-}
-
 /// The letters and digits of a name, or of an id without its family, in lower case.
 std::string bareText(std::string_view text) {
     for (const std::string_view family : {"exif_", "gps_", "iptc_", "id3_", "av_", "image_"}) {
@@ -224,39 +211,6 @@ void expectCasesInRawOrder(const Cases& cases) {
     }
     EXPECT_EQ(names.size(), cases.size());
     EXPECT_THAT(names, Each(Not(IsEmpty())));
-}
-
-TEST(CatalogueEnumerations, ListTheirCasesByRawValue) {
-    expectCasesInRawOrder(allDescriptiveTagSpaces);
-    expectCasesInRawOrder(allMetadataSources);
-}
-
-TEST(TagManagerTranslation, LooksTextsUpByTheirKind) {
-    const tests::InstalledTranslation german{
-        {"column display name", "Lens Model", "Objektiv"},
-        {"column display name (exif)", "Lens Model", "Objektivmodell"},
-        {"column display name (gps)", "Version", "GPS-Version"},
-        {"column display name (iptc)", "Star Rating", "Sterne"},
-        {"column display name (av)", "Title", "Titel"},
-        {"column display name (id3)", "Title", "Liedtitel"},
-        {"column display name (hashes)", "MD5 Hash", "MD5-Prüfsumme"},
-        {"Descriptive Tag Space Abbreviation", "Hashes", "Prüf."},
-        {"tag category name", "Hashes", "Prüfsummen"},
-        {"tag category name", "AV", "Ton"},
-        {"tag category name", "-", "nie"},
-    };
-    const TagManager manager;
-    EXPECT_EQ(manager.displayName("lensmodel"), "Objektiv");
-    EXPECT_EQ(manager.displayName("exif_lens_model"), "Objektivmodell");
-    EXPECT_EQ(manager.displayName("gps_version"), "GPS-Version");
-    EXPECT_EQ(manager.displayName("version"), "Version");
-    EXPECT_EQ(manager.displayName("iptc_star_rating"), "Sterne");
-    EXPECT_EQ(manager.displayName("av_title"), "Titel");
-    EXPECT_EQ(manager.displayName("id3_title_description"), "Liedtitel");
-    EXPECT_EQ(manager.decoratedTitle("md5"), "MD5-Prüfsumme (Prüf.)");
-    EXPECT_EQ(manager.localizedTagCategories.at(16), "Prüfsummen");
-    EXPECT_EQ(manager.localizedTagCategories.at(2), "-");
-    EXPECT_EQ(manager.localizedBriefTagCategories.at(13), "Ton");
 }
 
 }  // namespace

@@ -63,11 +63,6 @@ protected:
         tests::writeFile(root / relative, "");
         return root / relative;
     }
-    std::string link(const std::string& relative, const std::string& target) const {
-        folder(std::filesystem::path(relative).parent_path());
-        std::filesystem::create_symlink(target, root / relative);
-        return root / relative;
-    }
 
     std::shared_ptr<const FlatFileList> scan() {
         ScannerOperation operation(*this, snapshot);
@@ -78,18 +73,6 @@ protected:
         EXPECT_EQ(operation.indeterminateProgress(), !snapshot.sourceList.empty());
         timesFinished = 0;
         return result;
-    }
-
-    /// What a scan lists, as "relative path|name", folders with a slash behind.
-    Lines scannedLines() {
-        Lines lines;
-        for (const auto& node : scan()->files) {
-            std::string line(node->relativePath());
-            line.append("|").append(node->name());
-            if (dynamic_cast<const FolderNode*>(node.get()) != nullptr) line.append("/");
-            lines.push_back(line);
-        }
-        return lines;
     }
 
     Lines scannedPaths() {
@@ -112,76 +95,6 @@ private:
     const unsigned workers_ = platform::workerCount();
     std::mutex mutex_;
 };
-
-TEST_F(FileScannerTest, ListsWhatIsNeitherHiddenNorInAPackage) {
-    file("plain");
-    file("\xff\nodd");
-    file("folder/sub/deep.txt");
-    file(".hidden file");
-    file(".hidden/seen/also");
-    file(".hidden/.not");
-    file(".Hidden.app/listed");
-    file("Tool.APP/Contents/no");
-    file("app/yes");
-    file(".app/yes too");
-    file("file.app");
-    link("links/loop", "..");
-    link("links/self", "self");
-    link("links/dangling", "nowhere");
-    link("links/bundle.app", "../folder");
-    link("links/to bundle", "../Tool.APP");
-    link("links/.to folder", "../folder");
-    ASSERT_EQ(::mkfifo((root / "fifo").c_str(), 0600), 0);
-
-    const Lines files{"|plain",
-                      "|\xff\nodd",
-                      "folder/sub|deep.txt",
-                      ".hidden/seen|also",
-                      "|Tool.APP",
-                      "app|yes",
-                      ".app|yes too",
-                      "|file.app",
-                      "links|self",
-                      "links|dangling",
-                      "links|bundle.app",
-                      "|fifo",
-                      ".Hidden.app|listed"};
-    const Lines folders{"|folder/", "folder|sub/", ".hidden|seen/",   "|app/",
-                        "|links/",  "links|loop/", "links|to bundle/"};
-    Lines all = files;
-    all.insert(all.end(), folders.begin(), folders.end());
-    EXPECT_THAT(scannedLines(), testing::UnorderedElementsAreArray(all));
-    snapshot.processFiles = false;
-    EXPECT_THAT(scannedLines(), testing::UnorderedElementsAreArray(folders));
-    snapshot.processFolders = false;
-    EXPECT_THAT(scannedLines(), IsEmpty());
-    snapshot.processFiles = true;
-    EXPECT_THAT(scannedLines(), testing::UnorderedElementsAreArray(files));
-    EXPECT_THAT(failures, IsEmpty());
-}
-
-TEST_F(FileScannerTest, TakesSourcesOfEveryKind) {
-    file("folder/inside");
-    link("link", "folder");
-    snapshot.processFiles = false;
-    snapshot.sourceList = {
-        file("file"),          folder("bundle.app"), root / "missing",
-        root / "folder",       root / "link",        folder(".hidden"),
-        link("dangling", "-"), link("loop", "loop"), link("x.app", "folder"),
-    };
-    snapshot.processSubFolders = false;
-    EXPECT_THAT(scannedLines(),
-                UnorderedElementsAre("|file", "|bundle.app", "|missing", "|folder/", "|link/",
-                                     "|.hidden/", "|dangling", "|loop", "|x.app"));
-    EXPECT_THAT(failures, ElementsAre(Pair(root / "missing", ENOENT)));
-
-    file(".hidden/within");
-    snapshot.processSubFolders = snapshot.processFiles = true;
-    EXPECT_THAT(
-        scannedPaths(),
-        UnorderedElementsAre("/file", "/bundle.app", "/missing", "/folder/inside", "/link/inside",
-                             "/.hidden/within", "/dangling", "/loop", "/x.app"));
-}
 
 TEST_F(FileScannerTest, EmptySourceListGivesAnEmptyList) {
     snapshot.sourceList.clear();

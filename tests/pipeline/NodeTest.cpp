@@ -6,17 +6,12 @@
 #include <string>
 #include <vector>
 
-#include "metadata/MetadataStorage.h"
 #include "pipeline/Node.h"
 #include "platform/Path.h"
 #include "platform/Surroundings.h"
 
 namespace marquell::pipeline {
 namespace {
-
-using Result = NodeComparisonResult;
-using metadata::MetadataSource;
-using metadata::MetadataStorage;
 
 std::shared_ptr<Node> nodeAt(const std::string& path, std::string_view relativePath = {}) {
     NodeArena arena;
@@ -104,64 +99,6 @@ TEST(Node, ReadsTagsOnce) {
     EXPECT_EQ(*node->tags(), "red, to do, \uFFFD");
     EXPECT_EQ(nodeAt(path)->tags(), nullptr);
     EXPECT_EQ(nodeAt(folder / "missing")->tags(), nullptr);
-}
-
-struct Comparison {
-    int mode;  ///< the even one of a pair
-    std::string a;
-    std::string b;
-    Result expected;
-};
-
-TEST(Node, ComparesUnderEveryMode) {
-    MetadataStorage& storage = MetadataStorage::shared();
-    storage.clear();
-    constexpr std::string_view early = "/old";
-    constexpr std::string_view late = "/new";
-    storage.storeBasicInformation(early, {1, platform::Date{-5, 1}, platform::Date{9, 999999999}});
-    storage.storeBasicInformation(late, {1LL << 40, platform::Date{-5, 2}, platform::Date{10, 0}});
-    storage.store(early, MetadataSource::spotlight, "contentcreationdate", platform::Date{1, 0});
-    for (const std::string_view path : {early, late, std::string_view("/bare")}) {
-        storage.store(path, MetadataSource::basic, "retrieved", true);
-    }
-    const Comparison cases[] = {
-        {0, "/b/file2", "/a/file10", Result::aComesFirst},
-        {0, "/x/FILE2", "/y/file2", Result::same},
-        {0, "/a02", "/a2", Result::same},
-        {2, "/b/file2", "/a/file10", Result::bComesFirst},
-        {2, "/2/z", "/10/a", Result::aComesFirst},
-        {4, "/new", "/old", Result::aComesFirst},
-        {4, "/old", "/bare", Result::aComesFirst},
-        {6, "/new", "/old", Result::aComesFirst},
-        {8, "/old", "/new", Result::aComesFirst},
-        {8, "/bare", "/new", Result::same},
-        {10, "/old", "/new", Result::aComesFirst},
-        {10, "/bare", "/old", Result::aComesFirst},
-        {12, "/a/file2", "/a/file10", Result::bComesFirst},
-        {12, "/a/Ä", "/b/a\u0308", Result::same},
-        {12, "/STRASSE", "/straße", Result::same},
-        {12, "/Z", "/_", Result::bComesFirst},  // lower case letters go behind the underscore
-        {12, "/\xff", "/\xfe", Result::same},
-        {14, "/a/c", "/b/a", Result::aComesFirst},
-        {14, "/a/c", "/A/C", Result::same},
-    };
-    const auto reversed = [](Result result) {
-        if (result == Result::same) return result;
-        return result == Result::aComesFirst ? Result::bComesFirst : Result::aComesFirst;
-    };
-    for (const Comparison& row : cases) {
-        SCOPED_TRACE(std::to_string(row.mode) + " " + row.a + " " + row.b);
-        const auto a = nodeAt(row.a);
-        const auto b = nodeAt(row.b);
-        EXPECT_EQ(Node::compare(*a, *b, row.mode), row.expected);
-        EXPECT_EQ(Node::compare(*b, *a, row.mode), reversed(row.expected));
-        EXPECT_EQ(Node::compare(*a, *b, row.mode + 1), reversed(row.expected));
-        for (const int unknown : {-1, 16}) {
-            EXPECT_EQ(Node::compare(*a, *b, unknown), Result::aComesFirst);
-            EXPECT_EQ(Node::compare(*b, *a, unknown), Result::aComesFirst);
-        }
-    }
-    storage.clear();
 }
 
 }  // namespace
