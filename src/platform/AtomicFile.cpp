@@ -163,9 +163,10 @@ private:
     int error_ = 0;
 };
 
-int replaceFile(const std::string& path, const struct stat* old, std::string_view bytes) {
-    // A new file gets its mode from the mask of the process, an old one's may not leak before then.
-    TemporaryFile file(path, old == nullptr ? 0666 : 0600);
+int replaceFile(const std::string& path, const struct stat* old, std::string_view bytes,
+                mode_t newMode) {
+    // An old file's content may not leak before the new one has its mode.
+    TemporaryFile file(path, old == nullptr ? newMode : 0600);
     if (file.error() != 0) return file.error();
     if (const int error = file.write(bytes); error != 0) return error;
     const int modeError = old != nullptr ? file.takeModeOf(*old) : 0;
@@ -174,17 +175,17 @@ int replaceFile(const std::string& path, const struct stat* old, std::string_vie
 
 }  // namespace
 
-int writeFileAtomically(const std::string& path, std::string_view bytes) {
+int writeFileAtomically(const std::string& path, std::string_view bytes, mode_t newMode) {
     const std::optional<std::string> target = resolveLinks(path);
     if (!target) return ELOOP;
     if (const auto descriptor = ownDescriptor(*target)) return writeAll(*descriptor, bytes);
     struct stat old = {};
     if (::stat(target->c_str(), &old) != 0) {
-        return errno == ENOENT ? replaceFile(*target, nullptr, bytes) : errno;
+        return errno == ENOENT ? replaceFile(*target, nullptr, bytes, newMode) : errno;
     }
     if (S_ISDIR(old.st_mode)) return EISDIR;
     if (!S_ISREG(old.st_mode)) return writeStraight(*target, bytes);
-    return replaceFile(*target, &old, bytes);
+    return replaceFile(*target, &old, bytes, newMode);
 }
 
 int destinationError(const std::string& path) {

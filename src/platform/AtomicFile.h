@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <sys/types.h>
+
 #include <string>
 #include <string_view>
 
@@ -10,8 +12,9 @@ namespace marquell::platform {
 /// target under a temporary name, synced and renamed over it; the mode of an old file is kept and
 /// links are followed. A FIFO or device is written straight, and so is a descriptor of ours, to
 /// which /dev/stdout leads: what the descriptor's file already holds stays. Returns 0 or errno;
-/// after a failure the old file stands and nothing else is left behind.
-int writeFileAtomically(const std::string& path, std::string_view bytes);
+/// after a failure the old file stands and nothing else is left behind. A new file gets `newMode`
+/// without what the process's mask takes away.
+int writeFileAtomically(const std::string& path, std::string_view bytes, mode_t newMode = 0666);
 
 /// Whether writeFileAtomically has a chance, as far as can be told without writing: 0, or the errno
 /// that it would meet. For those who have long work to do before they write.
