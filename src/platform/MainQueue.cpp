@@ -22,6 +22,22 @@ void PumpedMainQueue::post(std::function<void()> task) {
     tasks_.push_back(std::move(task));
 }
 
+void PumpedMainQueue::postAfter(Seconds delay, std::function<void()> task) {
+    waiting_.emplace(now_ + delay, std::move(task));
+}
+
+void PumpedMainQueue::advance(Seconds time) {
+    const Seconds end = now_ + time;
+    for (;;) {
+        drain();
+        if (waiting_.empty() || waiting_.begin()->first > end) break;
+        const auto next = waiting_.extract(waiting_.begin());
+        now_ = next.key();
+        next.mapped()();
+    }
+    now_ = end;
+}
+
 std::size_t PumpedMainQueue::drain() {
     std::size_t count = 0;
     for (;;) {

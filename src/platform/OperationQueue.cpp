@@ -25,6 +25,9 @@ bool OperationQueue::addOperation(std::shared_ptr<Operation> operation) {
     const std::lock_guard lock(mutex_);
     if (closing_) return true;  // as good as abandoned at once
     if (thread_.empty() && !startThread(thread_, [this] { work(); })) return false;
+    if (!operations_.empty()) {
+        operations_.back()->followed_.store(true, std::memory_order_relaxed);
+    }
     operations_.push_back(std::move(operation));
     changed_.notify_all();
     return true;
@@ -35,9 +38,15 @@ void OperationQueue::cancelAllOperations() {
     for (const auto& operation : operations_) operation->cancel();
 }
 
-std::vector<std::shared_ptr<Operation>> OperationQueue::operations() const {
+void OperationQueue::inspect(
+    const std::function<void(std::span<const std::shared_ptr<Operation>>)>& inspect) const {
     const std::lock_guard lock(mutex_);
-    return operations_;
+    inspect(operations_);
+}
+
+bool OperationQueue::isEmpty() const {
+    const std::lock_guard lock(mutex_);
+    return operations_.empty();
 }
 
 std::shared_ptr<Operation> OperationQueue::takeNext() {
@@ -50,9 +59,18 @@ void OperationQueue::work() {
     ::pthread_setname_np(::pthread_self(), name_.substr(0, 15).c_str());
     while (std::shared_ptr<Operation> operation = takeNext()) {
         operation->main();
-        const std::lock_guard lock(mutex_);
-        operations_.erase(operations_.begin());
+        // Its end may take long, so it comes after the lock, and before anybody is told.
+        const bool isDrained = removeFirst();
+        operation.reset();
+        if (isDrained && drained_) drained_();
     }
+}
+
+/// True if none is left.
+bool OperationQueue::removeFirst() {
+    const std::lock_guard lock(mutex_);
+    operations_.erase(operations_.begin());
+    return operations_.empty();
 }
 
 }  // namespace marquell::platform

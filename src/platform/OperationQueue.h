@@ -3,10 +3,13 @@
 
 #include <atomic>
 #include <condition_variable>
+#include <functional>
 #include <memory>
 #include <mutex>
+#include <span>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace marquell::platform {
@@ -30,7 +33,13 @@ public:
     }
     bool isAbandoned() const { return abandoned_.load(std::memory_order_relaxed); }
 
+    /// Whether it was cancelled or another operation waits behind it.
+    bool isSuperseded() const { return isCancelled() || followed_.load(std::memory_order_relaxed); }
+
 private:
+    friend class OperationQueue;
+
+    std::atomic<bool> followed_ = false;
     std::atomic<bool> cancelled_ = false;
     std::atomic<bool> abandoned_ = false;
 };
@@ -49,14 +58,24 @@ public:
     bool addOperation(std::shared_ptr<Operation> operation);
     void cancelAllOperations();
 
-    /// The running operation, if any, and the waiting ones behind it.
-    std::vector<std::shared_ptr<Operation>> operations() const;
+    /// Called on the queue's thread each time that the last operation has ended and none is left.
+    /// To be set before the first operation is added.
+    void setDrainedHandler(std::function<void()> handler) { drained_ = std::move(handler); }
+
+    /// Shows `inspect` the running operation, if any, and the waiting ones behind it. They can't
+    /// end meanwhile, so it has to be short and to leave the queue alone.
+    void inspect(
+        const std::function<void(std::span<const std::shared_ptr<Operation>>)>& inspect) const;
+
+    bool isEmpty() const;
 
 private:
     void work();
+    bool removeFirst();
     std::shared_ptr<Operation> takeNext();
 
     const std::string name_;
+    std::function<void()> drained_;
     mutable std::mutex mutex_;
     std::condition_variable changed_;
     bool closing_ = false;                                // guarded by mutex_
