@@ -27,6 +27,19 @@ constexpr std::array<EncodingChoice, 10> encodingChoices = {{
 
 }  // namespace
 
+bool isCase(OutputFormatIndexEnum value) {
+    switch (value) {
+        case OutputFormatIndexEnum::CSV:
+        case OutputFormatIndexEnum::TSV:
+        case OutputFormatIndexEnum::JSON:
+        case OutputFormatIndexEnum::HTML:
+        case OutputFormatIndexEnum::CopyToHTML:
+        case OutputFormatIndexEnum::CopyToExcel:
+            return true;
+    }
+    return false;
+}
+
 TextEncoding DataModelSnapshot::currentFileEncoding() const {
     for (const EncodingChoice& choice : encodingChoices) {
         if (choice.mode == encodingMode) return choice.encoding;

@@ -16,6 +16,9 @@ enum class OutputFormatIndexEnum : int {
     CopyToExcel = 4,
 };
 
+/// Whether the value is one of the cases, whatever number it was made from.
+bool isCase(OutputFormatIndexEnum value);
+
 enum class TextEncoding {
     utf8,
     utf16,  ///< little-endian behind a byte order mark

@@ -56,9 +56,13 @@ std::shared_ptr<UserDefaults> UserDefaults::open(std::string file, ProblemReport
         new UserDefaults(std::move(file), std::move(reportProblem), patience));
 }
 
+std::string UserDefaults::standardFile() {
+    return configurationFolder() + "/marquell/settings.json";
+}
+
 const std::shared_ptr<UserDefaults>& UserDefaults::standard() {
     static const std::shared_ptr<UserDefaults> defaults =
-        open(configurationFolder() + "/marquell/settings.json", reportOnStandardError);
+        open(standardFile(), reportOnStandardError);
     return defaults;
 }
 

@@ -48,8 +48,10 @@ public:
         std::string file, ProblemReporter reportProblem,
         std::chrono::milliseconds patience = std::chrono::seconds(2));
 
-    /// The settings of the user, "marquell/settings.json" in the folder for configuration; problems
-    /// go to standard error.
+    /// Where the settings of the user are: "marquell/settings.json" in the folder for configuration.
+    static std::string standardFile();
+
+    /// The store over standardFile(); problems go to standard error.
     static const std::shared_ptr<UserDefaults>& standard();
 
     /// Writes what is not in the file yet.

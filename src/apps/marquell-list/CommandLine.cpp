@@ -17,6 +17,7 @@
 #include "ColumnArguments.h"
 #include "Messages.h"
 #include "Settings.h"
+#include "StoredSettings.h"
 #include "formats/OutputFormatType.h"
 #include "platform/DescriptorIo.h"
 #include "platform/FileDescriptor.h"
@@ -30,9 +31,9 @@ using pipeline::OutputFormatIndexEnum;
 
 constexpr unsigned maximumJobs = 1024;
 
-enum LongOnly : int { from0 = 256, listColumns, jobs, help, version };
+enum LongOnly : int { from0 = 256, listColumns, jobs, useSettings, help, version };
 
-const std::array<option, 11> longOptions = {{
+const std::array<option, 12> longOptions = {{
     {"columns", required_argument, nullptr, 'c'},
     {"format", required_argument, nullptr, 'f'},
     {"set", required_argument, nullptr, 's'},
@@ -40,6 +41,7 @@ const std::array<option, 11> longOptions = {{
     {"from0", required_argument, nullptr, from0},
     {"list-columns", no_argument, nullptr, listColumns},
     {"jobs", required_argument, nullptr, jobs},
+    {"use-settings", no_argument, nullptr, useSettings},
     {"quiet", no_argument, nullptr, 'q'},
     {"help", no_argument, nullptr, help},
     {"version", no_argument, nullptr, version},
@@ -61,15 +63,34 @@ constexpr std::array<FormatName, 6> formatNames = {{
 
 using Problem = std::optional<std::string>;
 
+/// The next option, as getopt returns it.
+int nextOption(int count, char** arguments) {
+    return ::getopt_long(count, arguments, ":c:f:s:o:q", longOptions.data(), nullptr);
+}
+
+/// Wherever it stands, it comes before all others.
+bool hasUseSettings(int count, char** arguments) {
+    bool found = false;
+    for (int letter = 0; letter != -1 && !found; found = letter == useSettings) {
+        letter = nextOption(count, arguments);
+    }
+    optind = 0;  // from the start again
+    return found;
+}
+
 class Parser {
 public:
     Parser() { request_.snapshot.processSubFolders = true; }
 
     Request parse(int count, char** arguments) {
         opterr = 0;
+        if (hasUseSettings(count, arguments)) {
+            StoredSettings stored = readStoredSettings();
+            request_.snapshot = std::move(stored.snapshot);
+            request_.settingsProblems = std::move(stored.problems);
+        }
         for (;;) {
-            const int letter =
-                ::getopt_long(count, arguments, ":c:f:s:o:q", longOptions.data(), nullptr);
+            const int letter = nextOption(count, arguments);
             if (letter == -1) break;
             if (letter == help) return HelpRequest{};
             if (letter == version) return VersionRequest{};
@@ -102,6 +123,8 @@ private:
                 return std::nullopt;
             case jobs:
                 return setJobs(optarg);
+            case useSettings:
+                return std::nullopt;  // done before all others
             default:
                 request_.quiet = true;
                 return std::nullopt;
@@ -135,10 +158,14 @@ private:
     Problem setFormat(std::string_view name) {
         const auto row = std::find_if(formatNames.begin(), formatNames.end(),
                                       [name](const FormatName& each) { return each.name == name; });
-        if (row != formatNames.end() && formats::outputFormat(row->index) != nullptr) {
-            request_.snapshot.outputFormat = row->index;
-            return std::nullopt;
+        if (row == formatNames.end() || formats::outputFormat(row->index) == nullptr) {
+            return badFormat(name);
         }
+        request_.snapshot.outputFormat = row->index;
+        return std::nullopt;
+    }
+
+    static std::string badFormat(std::string_view name) {
         std::string possible;
         for (const FormatName& each : formatNames) {
             if (formats::outputFormat(each.index) == nullptr) continue;
@@ -206,7 +233,15 @@ private:
         if (!hasPaths && from0Files_.empty()) {
             return "found no source, expected a PATH or --from0; see --help";
         }
-        const auto* format = formats::outputFormat(request_.snapshot.outputFormat);
+        const OutputFormatIndexEnum index = request_.snapshot.outputFormat;
+        const auto* format = formats::outputFormat(index);
+        if (format == nullptr) {
+            // Only stored settings can ask for it.
+            return badFormat(
+                std::find_if(formatNames.begin(), formatNames.end(), [index](const auto& each) {
+                    return each.index == index;
+                })->name);
+        }
         if (format->fileEncoding(request_.snapshot) != pipeline::TextEncoding::utf8) {
             return "setting \"encodingMode\": found " +
                    std::to_string(request_.snapshot.encodingMode) +
@@ -242,6 +277,10 @@ std::string helpText() {
            "      --list-columns       print the catalogue of columns as tab-separated text\n"
            "      --jobs N             threads that walk, sort and read ahead; default: one a "
            "core\n"
+           "      --use-settings       start from the settings that the window last had; the "
+           "options "
+           "beside\n"
+           "                           this one win\n"
            "  -q, --quiet              no progress and no hints; what could not be read is named\n"
            "      --help, --version    print this, or the version\n"
            "\n"

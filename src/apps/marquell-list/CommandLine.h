@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <variant>
+#include <vector>
 
 #include "pipeline/DataModelSnapshot.h"
 
@@ -11,6 +12,7 @@ namespace marquell::apps {
 
 struct ListRequest {
     pipeline::DataModelSnapshot snapshot;
+    std::vector<std::string> settingsProblems;
     std::optional<std::string> outputFile;  ///< standard output if absent
     std::optional<unsigned> jobs;
     bool quiet = false;

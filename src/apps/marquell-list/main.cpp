@@ -81,6 +81,7 @@ struct RequestRunner {
         return ExitStatus::wrongUsage;
     }
     ExitStatus operator()(const ListRequest& request) const {
+        for (const std::string& problem : request.settingsProblems) printMessage(problem);
         if (request.outputFile) {
             // Told now rather than after hours of reading.
             const int error = platform::destinationError(*request.outputFile);
@@ -96,7 +97,7 @@ struct RequestRunner {
             printMessage("the list could not be made: the system refuses to start a thread");
             return ExitStatus::notDelivered;
         }
-        const bool anyFailures = failures.report();
+        const bool anyFailures = failures.report() || !request.settingsProblems.empty();
         const ExitStatus delivered = deliver(text->view(), request.outputFile);
         if (delivered != ExitStatus::success || !anyFailures) return delivered;
         return ExitStatus::incomplete;
