@@ -11,6 +11,7 @@ namespace {
 
 class NoOwner : public pipeline::StageOwner {
     void scanOperationFinished(pipeline::ScannerOperation&) override {}
+    void reSortOperationFinished(pipeline::ReSortFlatFileListOperation&) override {}
     void outputOperationFinished(formats::OutputFormatOperationType&) override {}
 };
 
@@ -29,11 +30,11 @@ void storeAttributes(const pipeline::FlatFileList& list) {
 void csvCells(benchmark::State& state, const std::vector<std::string>& columns) {
     const auto nodes = manyNodes(1'000'000);
     storeAttributes(*nodes);
-    pipeline::DataModelSnapshot snapshot;
-    snapshot.columnList = columns;
+    const auto snapshot = std::make_shared<pipeline::DataModelSnapshot>();
+    snapshot->columnList = columns;
     NoOwner owner;
     for (auto _ : state) {
-        formats::outputFormat(snapshot.outputFormat)
+        formats::outputFormat(snapshot->outputFormat)
             ->getOutputOperation(snapshot, owner, nodes)
             ->main();
     }

@@ -27,14 +27,15 @@ void appendWithQuotesDoubled(platform::TextBuffer& text, std::string_view field)
 
 class CSVOutputOperation final : public ListOutputOperation {
 public:
-    CSVOutputOperation(const pipeline::DataModelSnapshot& snapshot, pipeline::StageOwner& owner,
+    CSVOutputOperation(const std::shared_ptr<const pipeline::DataModelSnapshot>& snapshot,
+                       pipeline::StageOwner& owner,
                        std::shared_ptr<const pipeline::FlatFileList> flatFileList)
         : ListOutputOperation(snapshot, owner, std::move(flatFileList),
-                              std::make_unique<CSVItemOutputFormatter>(snapshot)) {}
+                              std::make_unique<CSVItemOutputFormatter>(*snapshot)) {}
 
 private:
     void appendStart(platform::TextBuffer& text) override {
-        const int mode = snapshot().includeColumnTitlesMode;
+        const int mode = dataModelSnapshot().includeColumnTitlesMode;
         if (mode == 0) return;
         std::vector<std::string> titles;
         for (const pipeline::Column& column : columns()) {
@@ -48,26 +49,26 @@ private:
             if (i > 0) text.append(fieldSeparator);
             appendField(text, cells[i]);
         }
-        text.append(lineBreak(snapshot().linebreaksMode));
+        text.append(lineBreak(dataModelSnapshot().linebreaksMode));
     }
 
     void appendField(platform::TextBuffer& text, std::string_view field) const {
-        if (snapshot().quoteStrings) text.append(quote);
-        if (snapshot().multiLineMode == 1 && pipeline::hasLineBreakOrTab(field)) {
+        if (dataModelSnapshot().quoteStrings) text.append(quote);
+        if (dataModelSnapshot().multiLineMode == 1 && pipeline::hasLineBreakOrTab(field)) {
             appendWithQuotesDoubled(text, pipeline::withEncodedLineBreaksAndTabs(field));
         } else {
             appendWithQuotesDoubled(text, field);
         }
-        if (snapshot().quoteStrings) text.append(quote);
+        if (dataModelSnapshot().quoteStrings) text.append(quote);
     }
 };
 
 }  // namespace
 
 std::shared_ptr<OutputFormatOperationType> CSVOutputFormat::getOutputOperation(
-    const pipeline::DataModelSnapshot& snapshot, pipeline::StageOwner& owner,
-    std::shared_ptr<const pipeline::FlatFileList> flatFileList) const {
-    return std::make_shared<CSVOutputOperation>(snapshot, owner, std::move(flatFileList));
+    std::shared_ptr<const pipeline::DataModelSnapshot> dataModelSnapshot,
+    pipeline::StageOwner& owner, std::shared_ptr<const pipeline::FlatFileList> flatFileList) const {
+    return std::make_shared<CSVOutputOperation>(dataModelSnapshot, owner, std::move(flatFileList));
 }
 
 pipeline::TextEncoding CSVOutputFormat::fileEncoding(

@@ -18,7 +18,8 @@ namespace marquell::formats {
 class CSVOutputFormat final : public OutputFormatType {
 public:
     std::shared_ptr<OutputFormatOperationType> getOutputOperation(
-        const pipeline::DataModelSnapshot& snapshot, pipeline::StageOwner& owner,
+        std::shared_ptr<const pipeline::DataModelSnapshot> dataModelSnapshot,
+        pipeline::StageOwner& owner,
         std::shared_ptr<const pipeline::FlatFileList> flatFileList) const override;
     pipeline::TextEncoding fileEncoding(const pipeline::DataModelSnapshot& snapshot) const override;
 };

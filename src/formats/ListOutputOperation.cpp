@@ -36,14 +36,14 @@ struct CellText {
 
 }  // namespace
 
-ListOutputOperation::ListOutputOperation(const pipeline::DataModelSnapshot& snapshot,
-                                         pipeline::StageOwner& owner,
-                                         std::shared_ptr<const pipeline::FlatFileList> flatFileList,
-                                         std::unique_ptr<MetadataItemFormatterType> itemFormatter)
+ListOutputOperation::ListOutputOperation(
+    std::shared_ptr<const pipeline::DataModelSnapshot> dataModelSnapshot,
+    pipeline::StageOwner& owner, std::shared_ptr<const pipeline::FlatFileList> flatFileList,
+    std::unique_ptr<MetadataItemFormatterType> itemFormatter)
     : owner_(owner),
-      snapshot_(snapshot),
+      snapshot_(std::move(dataModelSnapshot)),
       flatFileList_(std::move(flatFileList)),
-      columns_(columnsOf(snapshot.columnList)),
+      columns_(columnsOf(snapshot_->columnList)),
       itemFormatter_(std::move(itemFormatter)),
       cells_(columns_.size()),
       cellStorage_(columns_.size()) {}
@@ -54,13 +54,13 @@ void ListOutputOperation::main() {
     if (appendRows()) owner_.outputOperationFinished(*this);
 }
 
-/// False if the operation was abandoned on the way.
+/// False if the operation was given up on the way.
 bool ListOutputOperation::appendRows() {
-    metadata::RunAhead ahead(flatFileList_->files, columns_);
+    metadata::RunAhead ahead(flatFileList_->files, columns_, [this] { return isSuperseded(); });
     for (std::size_t row = 0; row < flatFileList_->files.size(); ++row) {
         if (isAbandoned()) return false;
         pipeline::prefetchAhead(flatFileList_->files, row);
-        ahead.waitFor(row);
+        if (!ahead.waitFor(row)) return false;
         readCells(*flatFileList_->files[row]);
         appendRow(*text_, cells_);
         rowsDone_.store(row + 1, std::memory_order_relaxed);

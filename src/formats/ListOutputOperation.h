@@ -12,12 +12,15 @@
 #include "formats/MetadataItemFormatterType.h"
 #include "formats/OutputFormatType.h"
 #include "pipeline/Column.h"
+#include "platform/Disposal.h"
 
 namespace marquell::formats {
 
 /// What the operations of all formats have in common: the walk through the list, reading the cells
 /// of each row with extraction running ahead, counting, and telling the owner. Once begun it goes
-/// on to the end of the list, cancelled or not, so that a text is never cut short.
+/// on to the end of the list, so that a text is never cut short. But superseded it ends without a
+/// word where a value is not stored yet: nobody is to wait for files that no list asks for any
+/// more.
 class ListOutputOperation : public OutputFormatOperationType {
 public:
     void main() override;
@@ -31,9 +34,11 @@ public:
     }
     bool indeterminateProgress() const override { return false; }
     std::shared_ptr<const platform::TextBuffer> outputString() const override { return text_; }
+    const pipeline::DataModelSnapshot& dataModelSnapshot() const override { return *snapshot_; }
 
 protected:
-    ListOutputOperation(const pipeline::DataModelSnapshot& snapshot, pipeline::StageOwner& owner,
+    ListOutputOperation(std::shared_ptr<const pipeline::DataModelSnapshot> dataModelSnapshot,
+                        pipeline::StageOwner& owner,
                         std::shared_ptr<const pipeline::FlatFileList> flatFileList,
                         std::unique_ptr<MetadataItemFormatterType> itemFormatter);
 
@@ -43,7 +48,6 @@ protected:
     /// call returns.
     virtual void appendRow(platform::TextBuffer& text, std::span<const std::string_view> cells) = 0;
 
-    const pipeline::DataModelSnapshot& snapshot() const { return snapshot_; }
     const std::vector<pipeline::Column>& columns() const { return columns_; }
 
 private:
@@ -53,11 +57,12 @@ private:
                               std::string& storage);
 
     pipeline::StageOwner& owner_;
-    const pipeline::DataModelSnapshot snapshot_;
+    const std::shared_ptr<const pipeline::DataModelSnapshot> snapshot_;
     const std::shared_ptr<const pipeline::FlatFileList> flatFileList_;
     const std::vector<pipeline::Column> columns_;
     std::unique_ptr<MetadataItemFormatterType> itemFormatter_;
-    std::shared_ptr<platform::TextBuffer> text_ = std::make_shared<platform::TextBuffer>();
+    std::shared_ptr<platform::TextBuffer> text_ =
+        platform::makeDisposedOnWorker<platform::TextBuffer>();
     std::atomic<std::size_t> rowsDone_ = 0;
     std::vector<std::string_view> cells_;
     std::vector<std::string> cellStorage_;

@@ -16,6 +16,8 @@ class OutputFormatOperationType : public pipeline::OutputEngineOperationType {
 public:
     /// The result; complete and unchanging once the owner is told.
     virtual std::shared_ptr<const platform::TextBuffer> outputString() const = 0;
+
+    virtual const pipeline::DataModelSnapshot& dataModelSnapshot() const = 0;
 };
 
 /// A format: an object without state, safe to use from any thread.
@@ -25,8 +27,15 @@ public:
 
     /// Makes the operation, which the caller starts.
     virtual std::shared_ptr<OutputFormatOperationType> getOutputOperation(
-        const pipeline::DataModelSnapshot& snapshot, pipeline::StageOwner& owner,
+        std::shared_ptr<const pipeline::DataModelSnapshot> dataModelSnapshot,
+        pipeline::StageOwner& owner,
         std::shared_ptr<const pipeline::FlatFileList> flatFileList) const = 0;
+
+    /// What a preview shows for a finished text of this format.
+    virtual std::shared_ptr<const platform::TextBuffer> displayStringFor(
+        std::shared_ptr<const platform::TextBuffer> textOutput) const {
+        return textOutput;
+    }
 
     /// The encoding that the text is written to a file with.
     virtual pipeline::TextEncoding fileEncoding(

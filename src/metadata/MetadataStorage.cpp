@@ -4,8 +4,10 @@
 #include <condition_variable>
 #include <mutex>
 #include <utility>
+#include <vector>
 
 #include "metadata/RecordTable.h"
+#include "platform/Disposal.h"
 
 namespace marquell::metadata {
 namespace {
@@ -159,12 +161,14 @@ bool MetadataStorage::finishRetrieval(const PathKey& fullPath, MetadataSource so
 }
 
 void MetadataStorage::clear() {
+    const auto old = std::make_shared<std::vector<std::unique_ptr<RecordTable>>>();
     for (Shard& shard : *shards_) {
-        auto old = std::make_unique<RecordTable>();
+        old->push_back(std::make_unique<RecordTable>());
         const std::lock_guard lock(shard.mutex);
-        old.swap(shard.records);
+        old->back().swap(shard.records);
         shard.finished.notify_all();
     }
+    platform::disposeOnWorker(old);
     itemCounter_.store(0, std::memory_order_relaxed);
 }
 

@@ -2,6 +2,7 @@
 #include "metadata/RunAhead.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "metadata/DataCoordinator.h"
 #include "metadata/MetadataStorage.h"
@@ -38,9 +39,10 @@ bool readsContent(const std::vector<MetadataSource>& sources) {
 }  // namespace
 
 RunAhead::RunAhead(const std::vector<std::shared_ptr<Node>>& files,
-                   const std::vector<Column>& columns)
+                   const std::vector<Column>& columns, pipeline::StopCheck isUnwanted)
     : files_(files),
       sources_(neededSources(columns)),
+      isUnwanted_(std::move(isUnwanted)),
       readsTags_(
           std::any_of(columns.begin(), columns.end(),
                       [](const Column& column) { return column.origin == Column::Origin::tags; })),
@@ -61,7 +63,7 @@ RunAhead::~RunAhead() {
 }
 
 void RunAhead::work() {
-    while (!stopped_.load(std::memory_order_relaxed) && extractNextBlock()) {
+    while (!stopped_.load(std::memory_order_relaxed) && !isUnwanted_() && extractNextBlock()) {
     }
 }
 
@@ -70,7 +72,7 @@ bool RunAhead::extractNextBlock() {
     const std::size_t block = nextBlock_.fetch_add(1, std::memory_order_relaxed);
     if (block >= isDone_.size()) return false;
     const std::size_t end = std::min((block + 1) * blockSize_, files_.size());
-    for (std::size_t i = block * blockSize_; i < end; ++i) {
+    for (std::size_t i = block * blockSize_; i < end && !isUnwanted_(); ++i) {
         pipeline::prefetchAhead(files_, i);
         extract(*files_[i]);
     }
@@ -87,11 +89,19 @@ void RunAhead::extract(Node& node) const {
     if (readsTags_) node.tags();
 }
 
-void RunAhead::waitFor(std::size_t index) {
-    if (threads_.empty()) return;
-    const std::size_t block = index / blockSize_;
-    while (nextBlock_.load(std::memory_order_relaxed) <= block) extractNextBlock();
-    isDone_[block].wait(0, std::memory_order_acquire);
+bool RunAhead::isReady(const Node& node) const {
+    return std::all_of(sources_.begin(), sources_.end(), [&node](MetadataSource source) {
+        return MetadataStorage::shared().isRetrieved(node.pathKey(), source);
+    });
+}
+
+bool RunAhead::waitFor(std::size_t index) {
+    if (!threads_.empty()) {
+        const std::size_t block = index / blockSize_;
+        while (nextBlock_.load(std::memory_order_relaxed) <= block) extractNextBlock();
+        isDone_[block].wait(0, std::memory_order_acquire);
+    }
+    return !isUnwanted_() || isReady(*files_[index]);
 }
 
 }  // namespace marquell::metadata

@@ -10,6 +10,7 @@
 
 #include "metadata/MetadataSource.h"
 #include "pipeline/Column.h"
+#include "pipeline/KeySort.h"
 #include "pipeline/Node.h"
 
 namespace marquell::metadata {
@@ -18,27 +19,33 @@ namespace marquell::metadata {
 /// platform::workerCount() threads have what its columns need ready for the nodes that come next.
 /// What the stage reads is the same without it. Made and used by the stage's thread; stops when it
 /// is destroyed.
+///
+/// A stage that nobody waits for any more may still read what is stored, but has no files read for
+/// it: `isUnwanted`, called from any thread, tells so, and once true stays true.
 class RunAhead {
 public:
     /// `files` must outlive this object. Starts no thread when no column needs extraction or the
     /// list is short.
     RunAhead(const std::vector<std::shared_ptr<pipeline::Node>>& files,
-             const std::vector<pipeline::Column>& columns);
+             const std::vector<pipeline::Column>& columns, pipeline::StopCheck isUnwanted);
     ~RunAhead();
     RunAhead(const RunAhead&) = delete;
     RunAhead& operator=(const RunAhead&) = delete;
 
-    /// Returns when the values of files[index] are there; helps out rather than to wait for a
-    /// thread that has not begun with them.
-    void waitFor(std::size_t index);
+    /// Returns when the values of files[index] are there, or can be had by whoever reads them;
+    /// helps out rather than to wait for a thread that has not begun with them. False if they would
+    /// have to be extracted for a stage that is unwanted.
+    bool waitFor(std::size_t index);
 
 private:
     void work();
     bool extractNextBlock();
     void extract(pipeline::Node& node) const;
+    bool isReady(const pipeline::Node& node) const;
 
     const std::vector<std::shared_ptr<pipeline::Node>>& files_;
     std::vector<MetadataSource> sources_;
+    const pipeline::StopCheck isUnwanted_;
     bool readsTags_ = false;
     std::size_t blockSize_ = 1;
 

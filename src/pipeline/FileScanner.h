@@ -10,6 +10,7 @@
 
 #include "pipeline/DataModelSnapshot.h"
 #include "pipeline/FlatFileList.h"
+#include "platform/Disposal.h"
 
 namespace marquell::pipeline {
 
@@ -35,7 +36,7 @@ public:
 
     int firstSortMode = 0;
     int secondSortMode = 0;
-    std::shared_ptr<FlatFileList> flatFileList = std::make_shared<FlatFileList>();
+    std::shared_ptr<FlatFileList> flatFileList = platform::makeDisposedOnWorker<FlatFileList>();
 
     /// Any thread.
     std::size_t currentTotalItemsScanned() const {

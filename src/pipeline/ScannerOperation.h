@@ -14,7 +14,7 @@ namespace marquell::pipeline {
 /// folder or block and reports nothing.
 class ScannerOperation : public OutputEngineOperationType {
 public:
-    ScannerOperation(StageOwner& owner, DataModelSnapshot dataModelSnapshot);
+    ScannerOperation(StageOwner& owner, std::shared_ptr<const DataModelSnapshot> dataModelSnapshot);
 
     void main() override;
 
@@ -23,14 +23,14 @@ public:
     OutputOperationTypeEnum type() const override { return OutputOperationTypeEnum::scanning; }
     bool indeterminateProgress() const override { return scanner_.isSorting(); }
 
-    const DataModelSnapshot& dataModelSnapshot() const { return snapshot_; }
+    const std::shared_ptr<const DataModelSnapshot>& dataModelSnapshot() const { return snapshot_; }
 
     /// The result; there once the owner is told.
     std::shared_ptr<const FlatFileList> flatFileList() const { return flatFileList_; }
 
 private:
     StageOwner& owner_;
-    const DataModelSnapshot snapshot_;
+    const std::shared_ptr<const DataModelSnapshot> snapshot_;
     FileScanner scanner_;
     std::shared_ptr<const FlatFileList> flatFileList_;
 };

@@ -7,6 +7,7 @@ class OutputFormatOperationType;
 
 namespace marquell::pipeline {
 
+class ReSortFlatFileListOperation;
 class ScannerOperation;
 
 /// Whoever runs stages. A stage calls back once, at its end, on the thread that it ran on; a stage
@@ -16,6 +17,7 @@ class StageOwner {
 public:
     virtual ~StageOwner() = default;
     virtual void scanOperationFinished(ScannerOperation& scanOperation) = 0;
+    virtual void reSortOperationFinished(ReSortFlatFileListOperation& reSortOperation) = 0;
     virtual void outputOperationFinished(formats::OutputFormatOperationType& outputOperation) = 0;
 };
 

@@ -69,9 +69,7 @@ private:
     std::unique_ptr<icu::DateFormat> format_;
 };
 
-DateFormatter::DateFormatter(DateStyle style) : style_(style) {
-    if (style == DateStyle::mediumDateShortTime) localeFormat_ = std::make_unique<LocaleFormat>();
-}
+DateFormatter::DateFormatter(DateStyle style) : style_(style) {}
 
 DateFormatter::~DateFormatter() = default;
 
@@ -81,6 +79,8 @@ void DateFormatter::append(std::string& text, const Date& date) {
     const std::int64_t seconds = std::clamp(date.seconds, -limit, limit);
     const std::int64_t local = seconds + zone_.offsetAt(seconds);
     if (style_ == DateStyle::mediumDateShortTime) {
+        // Reading the locale's data takes long, and many lists have no dates.
+        if (localeFormat_ == nullptr) localeFormat_ = std::make_unique<LocaleFormat>();
         localeFormat_->append(text, local);
         return;
     }

@@ -31,7 +31,7 @@ private:
 
     DateStyle style_;
     LocalZone zone_;
-    std::unique_ptr<LocaleFormat> localeFormat_;  ///< for mediumDateShortTime alone
+    std::unique_ptr<LocaleFormat> localeFormat_;  ///< there once it is needed
 };
 
 }  // namespace marquell::platform

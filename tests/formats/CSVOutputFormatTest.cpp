@@ -23,6 +23,7 @@ using pipeline::DataModelSnapshot;
 class Owner : public pipeline::StageOwner {
 public:
     void scanOperationFinished(pipeline::ScannerOperation&) override {}
+    void reSortOperationFinished(pipeline::ReSortFlatFileListOperation&) override {}
     void outputOperationFinished(OutputFormatOperationType& operation) override {
         texts.emplace_back(operation.outputString()->view());
     }
@@ -37,8 +38,12 @@ protected:
     void add(const std::string& name) {
         list_->files.push_back(arena_.make<pipeline::FileNode>(name, "/s/" + name, ""));
     }
+    std::shared_ptr<OutputFormatOperationType> newOperation() {
+        return CSVOutputFormat().getOutputOperation(std::make_shared<DataModelSnapshot>(snapshot_),
+                                                    owner_, list_);
+    }
     std::string text() {
-        const auto operation = CSVOutputFormat().getOutputOperation(snapshot_, owner_, list_);
+        const auto operation = newOperation();
         EXPECT_EQ(operation->totalFileCount(), list_->files.size());
         EXPECT_EQ(operation->currentFileCount(), 0U);
         operation->main();
@@ -116,7 +121,7 @@ TEST_F(CSVOutput, WritesEachKindOfValue) {
 
 TEST_F(CSVOutput, CancelledInTimeTellsNobody) {
     add("a");
-    const auto operation = CSVOutputFormat().getOutputOperation(snapshot_, owner_, list_);
+    const auto operation = newOperation();
     operation->cancel();
     operation->main();
     EXPECT_THAT(owner_.texts, testing::IsEmpty());

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <memory>
 #include <set>
 #include <string>
@@ -53,6 +54,8 @@ protected:
     tests::TemporaryFolder folder;
     std::vector<std::shared_ptr<pipeline::Node>> files;
     const std::vector<Column> columns{Column("name"), Column("size"), Column("md5")};
+    std::atomic<bool> unwanted = false;
+    const pipeline::StopCheck isUnwanted = [this] { return unwanted.load(); };
 
 private:
     const unsigned workers_ = platform::workerCount();
@@ -62,9 +65,9 @@ TEST_F(RunAheadTest, AStageReadsTheSameWithAnyNumberOfWorkers) {
     for (const unsigned workers : {1U, 2U, 7U}) {
         platform::setWorkerCount(workers);
         MetadataStorage::shared().clear();
-        RunAhead ahead(files, columns);
+        RunAhead ahead(files, columns, isUnwanted);
         for (std::size_t i = 0; i < files.size(); ++i) {
-            ahead.waitFor(i);
+            EXPECT_TRUE(ahead.waitFor(i));
             EXPECT_TRUE(workers == 1 || isRetrieved(i)) << i;
             EXPECT_EQ(files[i]->getWrappedValueSync(columns[1]), expectedSize(i)) << i;
         }
@@ -83,7 +86,7 @@ TEST_F(RunAheadTest, AStageMayLeaveAtAnyPoint) {
     for (const std::size_t last : {std::size_t{0}, std::size_t{300}, files.size() - 1}) {
         MetadataStorage::shared().clear();
         {
-            RunAhead ahead(files, columns);
+            RunAhead ahead(files, columns, isUnwanted);
             ahead.waitFor(last);
             EXPECT_TRUE(isRetrieved(last));
         }
@@ -93,13 +96,29 @@ TEST_F(RunAheadTest, AStageMayLeaveAtAnyPoint) {
         }
     }
     MetadataStorage::shared().clear();
-    { const RunAhead unused(files, columns); }
+    { const RunAhead unused(files, columns, isUnwanted); }
+}
+
+TEST_F(RunAheadTest, AnUnwantedStageReadsWhatIsStoredAndNothingElse) {
+    for (const unsigned workers : {1U, 2U}) {
+        platform::setWorkerCount(workers);
+        MetadataStorage::shared().clear();
+        unwanted = false;
+        for (std::size_t i = 0; i < 1000; ++i) files[i]->getWrappedValueSync(columns[1]);
+        const auto stored = MetadataStorage::shared().itemCounter();
+        unwanted = true;
+        RunAhead ahead(files, columns, isUnwanted);
+        std::size_t read = 0;
+        while (ahead.waitFor(read)) ++read;
+        EXPECT_EQ(files[read]->absolutePath(), folder / "143") << "the first that is not stored";
+        EXPECT_EQ(MetadataStorage::shared().itemCounter(), stored);
+    }
 }
 
 TEST_F(RunAheadTest, ExtractsOnlyWhatTheColumnsNeed) {
     platform::setWorkerCount(2);
     {
-        RunAhead ahead(files, {Column("name"), Column("md5"), Column("nothing")});
+        RunAhead ahead(files, {Column("name"), Column("md5"), Column("nothing")}, isUnwanted);
         ahead.waitFor(files.size() - 1);
     }
     EXPECT_EQ(MetadataStorage::shared().itemCounter(), 0);

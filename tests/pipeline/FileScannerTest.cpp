@@ -51,6 +51,7 @@ protected:
         ++timesFinished;
         result = operation.flatFileList();
     }
+    void reSortOperationFinished(ReSortFlatFileListOperation&) override { FAIL(); }
     void outputOperationFinished(formats::OutputFormatOperationType&) override { FAIL(); }
 
     /// These make the folders on the way too, and return the whole path.
@@ -65,7 +66,7 @@ protected:
     }
 
     std::shared_ptr<const FlatFileList> scan() {
-        ScannerOperation operation(*this, snapshot);
+        ScannerOperation operation(*this, std::make_shared<DataModelSnapshot>(snapshot));
         EXPECT_FALSE(operation.indeterminateProgress());
         operation.main();
         EXPECT_EQ(timesFinished, 1);
@@ -184,12 +185,12 @@ TEST_F(FileScannerTest, NamesTheFolderThatItMayNotOpenAndListsTheRest) {
 TEST_F(FileScannerTest, CancelledItReportsNothing) {
     file("folder/file");
     snapshot.sourceList = {root / "folder", root / "missing", root / "folder"};
-    ScannerOperation before(*this, snapshot);
+    ScannerOperation before(*this, std::make_shared<DataModelSnapshot>(snapshot));
     before.cancel();
     before.main();
     EXPECT_EQ(before.currentFileCount(), 0U);
 
-    ScannerOperation meanwhile(*this, snapshot);
+    ScannerOperation meanwhile(*this, std::make_shared<DataModelSnapshot>(snapshot));
     onFailure = [&meanwhile] { meanwhile.cancel(); };
     meanwhile.main();
     EXPECT_EQ(meanwhile.currentFileCount(), 2U);  // the last source is not walked any more

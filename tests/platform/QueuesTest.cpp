@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <functional>
 #include <latch>
 #include <memory>
@@ -37,11 +38,13 @@ TEST(OperationQueue, RunsOneAfterTheOtherAlsoWhatOperationsAdd) {
     std::vector<int> order;  // without a lock: the queue itself keeps operations apart
     std::latch done(1);
     OperationQueue queue("test queue with a long name");
-    EXPECT_TRUE(queue.operations().empty());
+    EXPECT_TRUE(queue.isEmpty());
     queue.addOperation(task([&](Task&) {
         queue.addOperation(task([&](Task&) { order.push_back(1); }));
         queue.addOperation(task([&](Task& self) {
-            order.push_back(queue.operations().front().get() == &self ? 2 : -1);
+            queue.inspect([&](const auto operations) {
+                order.push_back(operations.front().get() == &self ? 2 : -1);
+            });
             done.count_down();
         }));
         order.push_back(0);
@@ -72,6 +75,28 @@ TEST(OperationQueue, CancelsTheRunningAndTheWaitingButStillRunsThem) {
     cancelled.count_down();
     done.wait();
     EXPECT_EQ(seen, 2) << "the third came after the call";
+}
+
+TEST(OperationQueue, TellsWhatIsSupersededAndWhenNothingIsLeft) {
+    std::latch added(1);
+    std::latch drained(1);
+    std::vector<bool> superseded;
+    OperationQueue queue("test");
+    std::atomic<int> timesDrained = 0;
+    queue.setDrainedHandler([&] {
+        EXPECT_TRUE(queue.isEmpty());
+        ++timesDrained;
+        drained.count_down();
+    });
+    const auto note = [&](Task& self) {
+        added.wait();
+        superseded.push_back(self.isSuperseded());
+    };
+    for (int i = 0; i < 3; ++i) queue.addOperation(task(note));
+    added.count_down();
+    drained.wait();
+    EXPECT_THAT(superseded, ElementsAre(true, true, false));
+    EXPECT_EQ(timesDrained, 1);
 }
 
 TEST(OperationQueue, AbandonsWhatItHoldsAndWaitsForWhatRuns) {
@@ -110,6 +135,25 @@ TEST(PumpedMainQueue, RunsTasksInOrderAlsoThoseThatTasksPost) {
     EXPECT_EQ(queue.drain(), 3U);
     EXPECT_THAT(order, ElementsAre(1, 2, 3));
     EXPECT_EQ(queue.drain(), 0U);
+}
+
+TEST(PumpedMainQueue, RunsDelayedTasksWhenTheirTimeHasCome) {
+    using std::chrono_literals::operator""s;
+    PumpedMainQueue queue;
+    std::vector<int> order;
+    queue.postAfter(2s, [&] { order.push_back(2); });
+    queue.postAfter(1s, [&] {
+        order.push_back(1);
+        queue.post([&] { order.push_back(-1); });
+        queue.postAfter(1.5s, [&] { order.push_back(3); });
+    });
+    queue.drain();
+    queue.advance(0.9s);
+    EXPECT_THAT(order, ElementsAre());
+    queue.advance(1.5s);
+    EXPECT_THAT(order, ElementsAre(1, -1, 2));
+    queue.advance(0.1s);
+    EXPECT_THAT(order, ElementsAre(1, -1, 2, 3));
 }
 
 TEST(Workers, CoverARangeOnceWhateverTheirNumber) {

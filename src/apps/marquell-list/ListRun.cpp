@@ -13,26 +13,22 @@ namespace marquell::apps {
 std::shared_ptr<const platform::TextBuffer> ListRun::run(pipeline::DataModelSnapshot snapshot,
                                                          const StageShower& show) {
     using namespace std::chrono_literals;
-    if (!queue_.addOperation(
-            std::make_shared<pipeline::ScannerOperation>(*this, std::move(snapshot)))) {
+    if (!queue_.addOperation(std::make_shared<pipeline::ScannerOperation>(
+            *this, std::make_shared<const pipeline::DataModelSnapshot>(std::move(snapshot))))) {
         return nullptr;
     }
     std::unique_lock lock(mutex_);
     while (!finished_.wait_for(lock, 100ms, [this] { return text_ != nullptr; })) {
-        const auto operations = queue_.operations();
-        if (operations.empty()) continue;
-        const auto* stage =
-            dynamic_cast<const pipeline::OutputEngineOperationType*>(operations.front().get());
-        if (stage != nullptr) show(*stage);
+        if (const auto progress = pipeline::progressOfFirst(queue_)) show(*progress);
     }
     return text_;
 }
 
 void ListRun::scanOperationFinished(pipeline::ScannerOperation& scanOperation) {
-    const pipeline::DataModelSnapshot& snapshot = scanOperation.dataModelSnapshot();
+    const auto& snapshot = scanOperation.dataModelSnapshot();
     // Cannot fail: the queue has the thread that this runs on.
     std::ignore = queue_.addOperation(
-        formats::outputFormat(snapshot.outputFormat)
+        formats::outputFormat(snapshot->outputFormat)
             ->getOutputOperation(snapshot, *this, scanOperation.flatFileList()));
 }
 

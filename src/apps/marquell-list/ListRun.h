@@ -17,14 +17,16 @@ namespace marquell::apps {
 /// Runs the stages of one list, one after the other.
 class ListRun : public pipeline::StageOwner {
 public:
-    using StageShower = std::function<void(const pipeline::OutputEngineOperationType& stage)>;
+    using StageShower = std::function<void(const pipeline::StageProgress& progress)>;
 
     /// Makes the text of the list. Meanwhile `show` is called ten times a second, on the caller's
-    /// thread, with the stage that runs. Null if the system refuses a thread to run on.
+    /// thread, with the progress of the stage that runs. Null if the system refuses a thread to run
+    /// on.
     std::shared_ptr<const platform::TextBuffer> run(pipeline::DataModelSnapshot snapshot,
                                                     const StageShower& show);
 
     void scanOperationFinished(pipeline::ScannerOperation& scanOperation) override;
+    void reSortOperationFinished(pipeline::ReSortFlatFileListOperation&) override {}
     void outputOperationFinished(formats::OutputFormatOperationType& outputOperation) override;
 
 private:

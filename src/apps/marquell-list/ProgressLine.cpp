@@ -19,13 +19,12 @@ void print(std::string_view text) {
     static_cast<void>(platform::writeAll(STDERR_FILENO, text));
 }
 
-std::string stageText(const pipeline::OutputEngineOperationType& stage) {
-    const std::string current = std::to_string(stage.currentFileCount());
-    if (stage.type() == OutputOperationTypeEnum::computingOutput) {
-        return "Computing output (" + current + "/" + std::to_string(stage.totalFileCount()) +
-               ")...";
+std::string stageText(const pipeline::StageProgress& stage) {
+    const std::string current = std::to_string(stage.currentFileCount);
+    if (stage.type == OutputOperationTypeEnum::computingOutput) {
+        return "Computing output (" + current + "/" + std::to_string(stage.totalFileCount) + ")...";
     }
-    if (stage.indeterminateProgress()) return "Sorting " + current + " items...";
+    if (stage.indeterminateProgress) return "Sorting " + current + " items...";
     return current + " items scanned...";
 }
 
@@ -37,7 +36,7 @@ ProgressLine::~ProgressLine() {
     if (isShown_) print(clearLine);
 }
 
-void ProgressLine::show(const pipeline::OutputEngineOperationType& stage) {
+void ProgressLine::show(const pipeline::StageProgress& stage) {
     if (!isOn_) return;
     print(std::string(clearLine) + stageText(stage));
     isShown_ = true;

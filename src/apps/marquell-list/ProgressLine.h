@@ -14,7 +14,7 @@ public:
     ProgressLine(const ProgressLine&) = delete;
     ProgressLine& operator=(const ProgressLine&) = delete;
 
-    void show(const pipeline::OutputEngineOperationType& stage);
+    void show(const pipeline::StageProgress& stage);
 
 private:
     bool isOn_;

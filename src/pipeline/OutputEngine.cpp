@@ -1,0 +1,233 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "pipeline/OutputEngine.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "metadata/MetadataStorage.h"
+#include "platform/Localization.h"
+#include "platform/MainQueue.h"
+
+namespace marquell::pipeline {
+
+OutputEngine::OutputEngine(DataModel& dataModel, FormatLookup formatLookup)
+    : dataModel_(dataModel), formatLookup_(std::move(formatLookup)) {
+    outputCompletePublisher.addColdListener([this](bool ready) { outputIsReady(ready); });
+    operationQueue_.setDrainedHandler(
+        [this] { postToMain([](OutputEngine& engine) { engine.queueIsDrained(); }); });
+}
+
+OutputEngine::~OutputEngine() = default;
+
+template <typename... Variables>
+void OutputEngine::enterOnChange(void (OutputEngine::*launch)(), Variables&... variables) {
+    // Listeners stay as long as their variable, which is longer than the engine.
+    const auto listener = [self = std::weak_ptr(self_), launch](const auto&) {
+        if (const auto alive = self.lock()) ((*alive)->*launch)();
+    };
+    (variables.addColdListener(listener), ...);
+}
+
+void OutputEngine::enterOnChange(const std::string& key, void (OutputEngine::*launch)()) {
+    kvoResponders_.push_back(std::make_unique<variables::KVOResponder>(
+        key, dataModel_.defaults, false,
+        [this, launch](const auto&, const auto&) { (this->*launch)(); }));
+}
+
+void OutputEngine::startListening() {
+    enterOnChange(dataModel_.sourceList.storageKey, &OutputEngine::launchScanOperation);
+    enterOnChange(dataModel_.columnList.storageKey, &OutputEngine::columnListChanged);
+    enterOnChange("outputFormat", &OutputEngine::launchOutputOperation);
+    enterOnChange(&OutputEngine::launchScanOperation, *dataModel_.processFiles,
+                  *dataModel_.processFolders, *dataModel_.processSubFolders);
+    enterOnChange(&OutputEngine::launchReSortOperation, *dataModel_.firstSortMode,
+                  *dataModel_.secondSortMode);
+    // All but encodingMode, which matters only when the text is written to a file.
+    enterOnChange(&OutputEngine::launchOutputOperation, *dataModel_.boolValuesMode,
+                  *dataModel_.nullValuesMode, *dataModel_.dateFormatMode, *dataModel_.multiLineMode,
+                  *dataModel_.linebreaksMode, *dataModel_.quoteStrings,
+                  *dataModel_.includeColumnTitlesMode, *dataModel_.htmlIndentationMode,
+                  *dataModel_.htmlColumnIdHeaderMode, *dataModel_.htmlColumnClassMode,
+                  *dataModel_.jsonIndentationMode, *dataModel_.jsonDateFormatMode);
+    launchScanOperation();
+}
+
+void OutputEngine::columnListChanged() {
+    updatePreviewTable();  // before the text, which may take long
+    launchOutputOperation();
+}
+
+void OutputEngine::launchScanOperation() {
+    const Snapshot snapshot = std::make_shared<DataModelSnapshot>(dataModel_.createSnapshot());
+    const std::lock_guard lock(mutex_);
+    newestSnapshot_ = snapshot;
+    operationQueue_.cancelAllOperations();
+    add(std::make_shared<ScannerOperation>(*this, snapshot));
+}
+
+void OutputEngine::launchReSortOperation() {
+    const Snapshot snapshot = std::make_shared<DataModelSnapshot>(dataModel_.createSnapshot());
+    const std::lock_guard lock(mutex_);
+    newestSnapshot_ = snapshot;
+    if (flatFileList_) addReSortOperation();
+}
+
+void OutputEngine::launchOutputOperation() {
+    const Snapshot snapshot = std::make_shared<DataModelSnapshot>(dataModel_.createSnapshot());
+    const std::lock_guard lock(mutex_);
+    newestSnapshot_ = snapshot;
+    if (flatFileList_) addOutputOperation();
+}
+
+void OutputEngine::addReSortOperation() {
+    add(std::make_shared<ReSortFlatFileListOperation>(*this, newestSnapshot_, flatFileList_->list,
+                                                      flatFileList_->scanNumber));
+}
+
+void OutputEngine::addOutputOperation() {
+    const formats::OutputFormatType* format = formatLookup_(newestSnapshot_->outputFormat);
+    if (format == nullptr) return;
+    add(format->getOutputOperation(newestSnapshot_, *this, flatFileList_->list));
+}
+
+void OutputEngine::add(std::shared_ptr<OutputEngineOperationType> operation) {
+    // First of all: a small list's text could otherwise come before it and then be hidden for good.
+    clearOutputPreviewTextView();
+    // Fails where the system refuses the queue its thread. The next change tries again.
+    static_cast<void>(operationQueue_.addOperation(std::move(operation)));
+}
+
+void OutputEngine::scanOperationFinished(ScannerOperation& scanOperation) {
+    const std::lock_guard lock(mutex_);
+    if (scanOperation.isCancelled()) return;
+    const DataModelSnapshot& snapshot = *scanOperation.dataModelSnapshot();
+    flatFileList_ = {scanOperation.flatFileList(), snapshot.firstSortMode, snapshot.secondSortMode,
+                     ++scanCount_};
+    currentFileCount_ = flatFileList_->list->files.size();
+    finishListStage(scanOperation);
+}
+
+void OutputEngine::reSortOperationFinished(ReSortFlatFileListOperation& reSortOperation) {
+    const std::lock_guard lock(mutex_);
+    if (reSortOperation.isCancelled()) return;
+    // The list may be an older scan's, then nobody wants it any more.
+    if (reSortOperation.scanNumber() == flatFileList_->scanNumber) {
+        const DataModelSnapshot& snapshot = *reSortOperation.dataModelSnapshot();
+        flatFileList_ = {reSortOperation.resortedFlatFileList(), snapshot.firstSortMode,
+                         snapshot.secondSortMode, flatFileList_->scanNumber};
+    }
+    finishListStage(reSortOperation);
+}
+
+/// Queues what follows. Settings may have changed since the stage was queued, also while there was
+/// no list yet that they could have been applied to.
+void OutputEngine::finishListStage(const platform::Operation& finishing) {
+    if (!flatFileList_->isOrderedBy(*newestSnapshot_) && !isReSortWaiting(&finishing)) {
+        addReSortOperation();
+    } else {
+        addOutputOperation();
+    }
+    updatePreviewTable();
+}
+
+/// Whether a re-sort of the current scan's list is queued.
+bool OutputEngine::isReSortWaiting(const platform::Operation* besides) const {
+    bool isWaiting = false;
+    operationQueue_.inspect([this, besides, &isWaiting](const auto operations) {
+        isWaiting = std::any_of(operations.begin(), operations.end(), [&](const auto& operation) {
+            const auto* reSort = dynamic_cast<ReSortFlatFileListOperation*>(operation.get());
+            return reSort != nullptr && reSort != besides &&
+                   reSort->scanNumber() == flatFileList_->scanNumber;
+        });
+    });
+    return isWaiting;
+}
+
+void OutputEngine::outputOperationFinished(formats::OutputFormatOperationType& outputOperation) {
+    {
+        const std::lock_guard lock(mutex_);
+        currentOutput_ = {outputOperation.outputString(),
+                          formatLookup_(outputOperation.dataModelSnapshot().outputFormat)};
+        currentFileCount_ = outputOperation.totalFileCount();
+    }
+    outputCompletePublisher.setValue(true);
+}
+
+OutputEngineViewModel OutputEngine::createOutputEngineViewModel() const {
+    OutputEngineViewModel model;
+    model.currentNumberOfMetadataItems = metadata::MetadataStorage::shared().itemCounter();
+    const std::lock_guard lock(mutex_);
+    model.currentNumberOfItems = currentFileCount_.value_or(0);
+    if (const auto progress = progressOfFirst(operationQueue_)) {
+        model.activeStage = progress->type;
+        model.currentItemProcessing = progress->currentFileCount;
+        model.totalItemProcessing = progress->totalFileCount;
+        model.indeterminateProgress = progress->indeterminateProgress;
+    } else if (textsToShow_.load(std::memory_order_relaxed) > 0) {
+        // Made, but not shown yet: the user would not call that ready.
+        model.activeStage = OutputOperationTypeEnum::computingOutput;
+        model.currentItemProcessing = model.currentNumberOfItems;
+        model.totalItemProcessing = model.currentNumberOfItems;
+    }
+    return model;
+}
+
+std::shared_ptr<const platform::TextBuffer> OutputEngine::currentOutputString() const {
+    const std::lock_guard lock(mutex_);
+    return currentOutput_.text;
+}
+
+void OutputEngine::clearOutputPreviewTextView() {
+    postToMain([](OutputEngine& engine) {
+        if (engine.display_ == nullptr) return;
+        engine.display_->showWaitingText(platform::localized(
+            "Waiting for text output engine to finish processing...", "text preview"));
+    });
+}
+
+void OutputEngine::updatePreviewTable() {
+    postToMain([](OutputEngine& engine) {
+        std::shared_ptr<const FlatFileList> list;
+        {
+            const std::lock_guard lock(engine.mutex_);
+            if (engine.flatFileList_) list = engine.flatFileList_->list;
+        }
+        if (engine.display_ != nullptr) engine.display_->updateTable(std::move(list));
+    });
+}
+
+void OutputEngine::outputIsReady(bool ready) {
+    if (!ready) return;
+    textsToShow_.fetch_add(1, std::memory_order_relaxed);
+    postToMain([](OutputEngine& engine) { engine.showCurrentText(); });
+}
+
+void OutputEngine::showCurrentText() {
+    textsToShow_.fetch_sub(1, std::memory_order_relaxed);
+    CurrentOutput output;
+    {
+        const std::lock_guard lock(mutex_);
+        output = currentOutput_;
+    }
+    if (display_ == nullptr) return;
+    display_->showText(output.format->displayStringFor(std::move(output.text)), isAtRest());
+}
+
+void OutputEngine::queueIsDrained() {
+    if (display_ == nullptr || !isAtRest()) return;
+    if (currentOutputString() != nullptr) display_->allowSaving();
+}
+
+/// Whether no stage is left, and no text that waits for the main thread to show it.
+bool OutputEngine::isAtRest() const {
+    return operationQueue_.isEmpty() && textsToShow_.load(std::memory_order_relaxed) == 0;
+}
+
+/// The task may end the engine, so it is the last thing that is done.
+void OutputEngine::postToMain(std::function<void(OutputEngine&)> task) {
+    platform::MainQueue::installed()->post([self = std::weak_ptr(self_), task = std::move(task)] {
+        if (const auto alive = self.lock()) task(**alive);
+    });
+}
+
+}  // namespace marquell::pipeline

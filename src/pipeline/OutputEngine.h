@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <atomic>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "formats/OutputFormatType.h"
+#include "pipeline/DataModel.h"
+#include "pipeline/DataModelSnapshot.h"
+#include "pipeline/FlatFileList.h"
+#include "pipeline/OutputEngineDisplay.h"
+#include "pipeline/OutputEngineViewModel.h"
+#include "pipeline/ReSortFlatFileListOperation.h"
+#include "pipeline/ScannerOperation.h"
+#include "pipeline/StageOwner.h"
+#include "platform/OperationQueue.h"
+#include "platform/TextBuffer.h"
+#include "variables/KVOResponder.h"
+#include "variables/StraightVariable.h"
+
+namespace marquell::pipeline {
+
+/// Runs the stages that changes of the settings make necessary, and keeps the newest list and text.
+///
+/// A change enters at the earliest stage that it invalidates (scan, re-sort or output), and each
+/// stage queues the next before it counts as gone: an empty queue means that nothing is to come.
+/// When it is empty, list and text are those of the newest settings.
+///
+/// Used on the main thread, but for the three ...OperationFinished, which the stages call. Needs
+/// the installed main queue. Destroying it stops the stages and waits for them.
+class OutputEngine final : public StageOwner {
+public:
+    /// Null for a format that there is none of.
+    using FormatLookup = std::function<const formats::OutputFormatType*(OutputFormatIndexEnum)>;
+
+    /// The model must outlive the engine. Starts nothing.
+    explicit OutputEngine(DataModel& dataModel, FormatLookup formatLookup = &formats::outputFormat);
+    ~OutputEngine() override;
+
+    /// The display, or null for none from now on, must outlive the engine or this setting.
+    void setDisplay(OutputEngineDisplay* display) { display_ = display; }
+
+    /// Listens to all settings from now on and starts the first scan. To be called once.
+    void startListening();
+
+    void launchScanOperation();
+    void launchReSortOperation();
+    void launchOutputOperation();
+
+    void scanOperationFinished(ScannerOperation& scanOperation) override;
+    void reSortOperationFinished(ReSortFlatFileListOperation& reSortOperation) override;
+    void outputOperationFinished(formats::OutputFormatOperationType& outputOperation) override;
+
+    /// Never waits for a stage.
+    OutputEngineViewModel createOutputEngineViewModel() const;
+
+    /// The newest finished text in UTF-8, whatever the display makes of it; null before the first.
+    std::shared_ptr<const platform::TextBuffer> currentOutputString() const;
+
+    /// Set to true at the end of each output stage, on the stage's thread.
+    variables::StraightVariable<bool> outputCompletePublisher{false};
+
+private:
+    using Snapshot = std::shared_ptr<const DataModelSnapshot>;
+
+    /// A finished list, and how it came about.
+    struct CurrentList {
+        std::shared_ptr<const FlatFileList> list;
+        int firstSortMode = 0;
+        int secondSortMode = 0;
+        std::uint64_t scanNumber = 0;
+
+        bool isOrderedBy(const DataModelSnapshot& snapshot) const {
+            return firstSortMode == snapshot.firstSortMode &&
+                   secondSortMode == snapshot.secondSortMode;
+        }
+    };
+
+    /// A finished text, and the format that made it.
+    struct CurrentOutput {
+        std::shared_ptr<const platform::TextBuffer> text;
+        const formats::OutputFormatType* format = nullptr;
+    };
+
+    template <typename... Variables>
+    void enterOnChange(void (OutputEngine::*launch)(), Variables&... variables);
+    void enterOnChange(const std::string& key, void (OutputEngine::*launch)());
+    void columnListChanged();
+
+    // The caller of these holds mutex_.
+    void addReSortOperation();
+    void addOutputOperation();
+    void add(std::shared_ptr<OutputEngineOperationType> operation);
+    bool isReSortWaiting(const platform::Operation* besides) const;
+    void finishListStage(const platform::Operation& finishing);
+
+    void clearOutputPreviewTextView();
+    void updatePreviewTable();
+    void outputIsReady(bool ready);
+    void queueIsDrained();
+    void showCurrentText();
+    bool isAtRest() const;
+    void postToMain(std::function<void(OutputEngine& engine)> task);
+
+    DataModel& dataModel_;
+    const FormatLookup formatLookup_;
+    OutputEngineDisplay* display_ = nullptr;
+    std::vector<std::unique_ptr<variables::KVOResponder>> kvoResponders_;
+    /// Tells closures that outlive the engine that it has gone.
+    std::shared_ptr<OutputEngine*> self_ = std::make_shared<OutputEngine*>(this);
+
+    /// Held only to look at or exchange what it guards and to queue an operation.
+    mutable std::mutex mutex_;
+    Snapshot newestSnapshot_;                      // guarded by mutex_
+    std::optional<CurrentList> flatFileList_;      // guarded by mutex_
+    CurrentOutput currentOutput_;                  // guarded by mutex_
+    std::optional<std::size_t> currentFileCount_;  // guarded by mutex_
+    std::uint64_t scanCount_ = 0;                  // guarded by mutex_
+
+    /// Texts that the main thread has been asked to show and hasn't yet.
+    std::atomic<int> textsToShow_ = 0;
+
+    platform::OperationQueue operationQueue_{"mainOperationQueue"};  // last: stops before the rest
+};
+
+}  // namespace marquell::pipeline

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <string>
+#include <thread>
+#include <utility>
+#include <vector>
+
+#include "formats/CSVOutputFormat.h"
+#include "metadata/MetadataStorage.h"
+#include "pipeline/OutputEngine.h"
+#include "platform/MainQueue.h"
+#include "platform/Surroundings.h"
+
+namespace marquell::tests {
+
+/// Notes what an engine asks its display to show.
+class RecordingDisplay : public pipeline::OutputEngineDisplay {
+public:
+    void showWaitingText(const std::string& waitingText) override {
+        EXPECT_EQ(waitingText, "Waiting for text output engine to finish processing...");
+        isWaiting = true;
+        maySave = false;
+        events.emplace_back("waiting");
+    }
+    void showText(std::shared_ptr<const platform::TextBuffer> newText, bool isLast) override {
+        isWaiting = false;
+        text = std::string(newText->view());
+        maySave = isLast;
+        events.emplace_back("text");
+    }
+    void allowSaving() override {
+        EXPECT_FALSE(isWaiting);
+        maySave = true;
+    }
+    void updateTable(std::shared_ptr<const pipeline::FlatFileList> flatFileList) override {
+        const bool isNew = list == nullptr || list->files.empty() || flatFileList->files.empty() ||
+                           flatFileList->files.front() != list->files.front();
+        events.emplace_back(isNew ? "other table" : "table");
+        list = std::move(flatFileList);
+    }
+
+    bool isWaiting = false;
+    bool maySave = false;
+    std::string text;
+    std::shared_ptr<const pipeline::FlatFileList> list;
+    std::vector<std::string> events;
+};
+
+/// A format with CSV's texts that shows something else.
+class DiscreetFormat : public formats::OutputFormatType {
+public:
+    std::shared_ptr<formats::OutputFormatOperationType> getOutputOperation(
+        std::shared_ptr<const pipeline::DataModelSnapshot> dataModelSnapshot,
+        pipeline::StageOwner& owner,
+        std::shared_ptr<const pipeline::FlatFileList> flatFileList) const override {
+        return csv_.getOutputOperation(std::move(dataModelSnapshot), owner,
+                                       std::move(flatFileList));
+    }
+    pipeline::TextEncoding fileEncoding(
+        const pipeline::DataModelSnapshot& snapshot) const override {
+        return csv_.fileEncoding(snapshot);
+    }
+    std::shared_ptr<const platform::TextBuffer> displayStringFor(
+        std::shared_ptr<const platform::TextBuffer>) const override {
+        auto shown = std::make_shared<platform::TextBuffer>();
+        shown->append("Ready.");
+        return shown;
+    }
+
+private:
+    const formats::CSVOutputFormat csv_;
+};
+
+/// An engine over settings of its own, with the main queue in the hands of the test.
+class EngineFixture : public testing::Test {
+protected:
+    EngineFixture() {
+        platform::MainQueue::install(&mainQueue);
+        metadata::MetadataStorage::shared().clear();
+    }
+    ~EngineFixture() override {
+        engine.reset();
+        model.reset();
+        defaults.reset();
+        mainQueue.drain();
+        metadata::MetadataStorage::shared().clear();
+        platform::MainQueue::install(nullptr);
+    }
+
+    void startEngine() {
+        engine = std::make_unique<pipeline::OutputEngine>(*model, lookup);
+        engine->setDisplay(&display);
+        engine->startListening();
+    }
+
+    /// Runs the main queue's tasks until `condition` holds.
+    void pumpUntil(const std::function<bool()>& condition) {
+        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+        while (mainQueue.drain() > 0 || !condition()) {
+            ASSERT_LT(std::chrono::steady_clock::now(), deadline);
+            std::this_thread::yield();
+        }
+    }
+    /// Until all is done that the changes so far have led to.
+    void settle() {
+        pumpUntil([this] { return display.maySave; });
+    }
+
+    std::string currentText() const { return std::string(engine->currentOutputString()->view()); }
+
+    platform::PumpedMainQueue mainQueue;
+    TemporaryFolder config;
+    TemporaryFolder root;
+    const formats::CSVOutputFormat csv;
+    const DiscreetFormat discreet;
+    const pipeline::OutputEngine::FormatLookup lookup =
+        [this](pipeline::OutputFormatIndexEnum index) -> const formats::OutputFormatType* {
+        if (index == pipeline::OutputFormatIndexEnum::CopyToExcel) return &discreet;
+        return &csv;
+    };
+    std::shared_ptr<platform::UserDefaults> defaults = platform::UserDefaults::open(
+        config / "settings.json", [](const std::string& problem) { FAIL() << problem; });
+    std::unique_ptr<pipeline::DataModel> model = std::make_unique<pipeline::DataModel>(defaults);
+    RecordingDisplay display;
+    std::unique_ptr<pipeline::OutputEngine> engine;
+};
+
+}  // namespace marquell::tests

@@ -1,0 +1,196 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gmock/gmock.h>
+
+#include <latch>
+#include <optional>
+
+#include "pipeline/EngineFixture.h"
+#include "pipeline/OutputEngine.h"
+#include "platform/ReadFailures.h"
+
+namespace marquell::pipeline {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Events = std::vector<std::string>;
+
+class OutputEngineTest : public tests::EngineFixture {
+protected:
+    ~OutputEngineTest() override { platform::setReadFailureListener({}); }
+
+    void startWithFiles() {
+        for (const char* name : {"b2", "a1", "c3"}) tests::writeFile(root / name, name);
+        model->processSubFolders->setValue(true);
+        model->sourceList.add({root.path()}, false);
+        startEngine();
+        settle();
+        display.events.clear();
+    }
+
+    std::vector<std::string> names() const {
+        std::vector<std::string> all;
+        for (const auto& node : display.list->files) all.emplace_back(node->name());
+        return all;
+    }
+
+    /// Holds the next scan at the given source, which is missing, until release() is called.
+    void holdScanAt(const std::string& missing) {
+        platform::setReadFailureListener([this, missing](std::string_view path, int) {
+            if (path != missing || isHeld_) return;
+            isHeld_ = true;
+            held.emplace(1);
+            reached_.count_down();
+            held->wait();
+        });
+    }
+    void waitForScan() { reached_.wait(); }
+    void release() { held->count_down(); }
+
+private:
+    std::optional<std::latch> held;
+    std::latch reached_{1};
+    bool isHeld_ = false;
+};
+
+TEST_F(OutputEngineTest, AnEmptyListGetsThroughAtLaunch) {
+    startEngine();
+    EXPECT_EQ(engine->createOutputEngineViewModel().currentNumberOfItems, 0U);
+    settle();
+    EXPECT_THAT(display.events, ElementsAre("waiting", "waiting", "other table", "text"));
+    EXPECT_EQ(display.text, "");
+    EXPECT_EQ(engine->createOutputEngineViewModel().activeStage, OutputOperationTypeEnum::ready);
+}
+
+TEST_F(OutputEngineTest, EachSettingEntersAtItsStage) {
+    const Events scan{"waiting", "waiting", "other table", "text"};
+    const Events reSort{"waiting", "waiting", "table", "text"};
+    const Events output{"waiting", "text"};
+    const Events columns{"table", "waiting", "text"};
+    struct Row {
+        const char* key;
+        platform::DefaultsValue value;
+        Events events;
+    };
+    startWithFiles();
+    for (const Row& row : std::vector<Row>{
+             {"processFiles", true, scan},
+             {"processFolders", false, scan},
+             {"prodcessSubfolders", true, scan},
+             {"firstSortMode", 12, reSort},
+             {"secondSortMode", 6, reSort},
+             {"Columns", std::vector<std::string>{"name"}, columns},
+             {"outputFormat", 4, output},
+             {"quoteStrings", false, output},
+             {"includeColumnTitlesMode", 1, output},
+             {"boolValuesMode", 1, output},
+             {"nullValuesMode", 1, output},
+             {"dateFormatMode", 1, output},
+             {"multiLineMode", 1, output},
+             {"linebreaksMode", 1, output},
+             {"htmlIndentationMode", 0, output},
+             {"htmlColumnIdHeaderMode", 1, output},
+             {"htmlColumnClassMode", 1, output},
+             {"jsonIndentationMode", 0, output},
+             {"jsonDateFormatMode", 0, output},
+             {"encodingMode", 1, {}},
+             {"infoPaneHeight", 200.0, {}},
+             {"Sources", std::vector<std::string>{root / "c3", root / "a1"}, scan},
+         }) {
+        defaults->setObject(row.value, row.key);
+        mainQueue.drain();
+        settle();
+        EXPECT_THAT(display.events, row.events) << row.key;
+        display.events.clear();
+    }
+    EXPECT_EQ(display.text, "Ready.") << "as the format of the text wants";
+    EXPECT_EQ(currentText(), "Name (with file extension)\ra1\rc3\r");
+}
+
+TEST_F(OutputEngineTest, WhatChangesDuringAScanIsInTheResult) {
+    startWithFiles();
+    holdScanAt(root / "missing");
+    model->sourceList.add({root / "missing"}, false);
+    model->sourceList.deleteAt({0, 1});
+    model->sourceList.add({root / "missing", root / "c3", root / "b2"}, false);
+    waitForScan();
+    model->firstSortMode->setValue(13);
+    model->columnList.deleteAt({1});
+    EXPECT_EQ(engine->createOutputEngineViewModel().activeStage, OutputOperationTypeEnum::scanning);
+    release();
+    settle();
+    EXPECT_THAT(names(), ElementsAre("missing", "c3", "b2"));
+    EXPECT_EQ(display.text, "\"missing\"\n\"c3\"\n\"b2\"\n");
+    EXPECT_EQ(engine->createOutputEngineViewModel().currentNumberOfItems, 3U);
+}
+
+TEST_F(OutputEngineTest, OnlyTheNewestScanReports) {
+    startWithFiles();
+    holdScanAt(root / "missing");
+    defaults->setObject(std::vector<std::string>{root / "missing"}, "Sources");
+    waitForScan();
+    defaults->setObject(std::vector<std::string>{root / "a1"}, "Sources");
+    display.events.clear();
+    release();
+    settle();
+    EXPECT_THAT(display.events,
+                ElementsAre("waiting", "waiting", "waiting", "other table", "text"));
+    EXPECT_THAT(names(), ElementsAre("a1"));
+}
+
+TEST_F(OutputEngineTest, BeforeTheFirstListOnlyScansStart) {
+    holdScanAt(root / "missing");
+    model->sourceList.add({root / "missing"}, false);
+    startEngine();
+    waitForScan();
+    model->firstSortMode->setValue(1);
+    model->quoteStrings->setValue(false);
+    mainQueue.drain();
+    EXPECT_THAT(display.events, ElementsAre("waiting"));
+    EXPECT_FALSE(display.maySave);
+    release();
+    settle();
+    EXPECT_EQ(display.text, "missing," + root / "missing" + "\n");
+}
+
+TEST_F(OutputEngineTest, QuickChangesSaveOnlyTheLast) {
+    startWithFiles();
+    std::vector<bool> maySave;
+    for (int mode = 0; mode < 50; ++mode) {
+        model->linebreaksMode->setValue(mode % 2);
+        mainQueue.drain();
+        maySave.push_back(display.maySave && mode % 2 != (display.text.back() == '\r' ? 1 : 0));
+    }
+    settle();
+    EXPECT_THAT(maySave, testing::Each(false));
+    EXPECT_EQ(display.text.back(), '\r');
+}
+
+TEST_F(OutputEngineTest, MayGoAwayAtAnyTime) {
+    startWithFiles();
+    // In the midst of a stage, with changes queued and more to come.
+    holdScanAt(root / "missing");
+    defaults->setObject(std::vector<std::string>{root / "missing", root.path()}, "Sources");
+    waitForScan();
+    model->quoteStrings->setValue(false);
+    model->firstSortMode->setValue(2);
+    release();
+    engine.reset();
+    display.events.clear();
+    defaults->setObject(std::vector<std::string>{}, "Sources");
+    model->quoteStrings->setValue(true);
+    mainQueue.drain();
+    EXPECT_THAT(display.events, IsEmpty());
+    // In the midst of a notification.
+    startEngine();
+    settle();
+    model->nullValuesMode->addColdListener([this](int) { engine.reset(); });
+    const variables::KVOResponder last("nullValuesMode", defaults, false,
+                                       [this](auto&, auto&) { EXPECT_EQ(engine, nullptr); });
+    model->nullValuesMode->setValue(1);
+    model->sourceList.add({root.path()}, false);
+    mainQueue.drain();
+}
+
+}  // namespace
+}  // namespace marquell::pipeline
