@@ -72,13 +72,14 @@ int writeStraight(const std::string& path, std::string_view bytes) {
 }
 
 /// A file in the target's folder that takes the target's place when it is renamed, and is gone
-/// otherwise. Where the file system can, it has no name until then: whatever ends the program
-/// meanwhile, nothing is left behind.
+/// otherwise. Where the file system can, it has no name until just before: whatever ends the
+/// program in the long time until then, nothing is left behind.
 class TemporaryFile {
 public:
-    TemporaryFile(const std::string& target, mode_t mode)
+    TemporaryFile(const std::string& target, mode_t mode, bool isAlone)
         : folder_(::open(folderOf(target).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)),
-          targetName_(lastPathComponent(target)) {
+          targetName_(lastPathComponent(target)),
+          isAlone_(isAlone) {
         if (!folder_.isOpen()) {
             error_ = errno;
             return;
@@ -137,12 +138,13 @@ private:
     /// errno when that fails otherwise than by a name in use.
     template <typename Take>
     int withFreeName(const Take& take) {
+        // The target's name is cut so that the sum fits whatever its length.
+        const std::string stem = "." + targetName_.substr(0, 200) + ".";
+        if (isAlone_) ::unlinkat(folder_.get(), (stem + "new").c_str(), 0);
         std::random_device random;
         int error = EEXIST;
         for (int attempt = 0; attempt < 100 && error == EEXIST; ++attempt) {
-            // The target's name is cut so that the sum fits whatever its length.
-            const std::string name =
-                "." + targetName_.substr(0, 200) + "." + std::to_string(random());
+            const std::string name = stem + (isAlone_ ? "new" : std::to_string(random()));
             error = take(name.c_str()) ? 0 : errno;
             if (error == 0) name_ = name;
         }
@@ -158,15 +160,16 @@ private:
 
     FileDescriptor folder_;
     std::string targetName_;
+    bool isAlone_;
     std::string name_;  ///< empty while it has none
     FileDescriptor file_;
     int error_ = 0;
 };
 
 int replaceFile(const std::string& path, const struct stat* old, std::string_view bytes,
-                mode_t newMode) {
+                const AtomicWriting& how) {
     // An old file's content may not leak before the new one has its mode.
-    TemporaryFile file(path, old == nullptr ? newMode : 0600);
+    TemporaryFile file(path, old == nullptr ? how.newMode : 0600, how.isAlone);
     if (file.error() != 0) return file.error();
     if (const int error = file.write(bytes); error != 0) return error;
     const int modeError = old != nullptr ? file.takeModeOf(*old) : 0;
@@ -175,17 +178,17 @@ int replaceFile(const std::string& path, const struct stat* old, std::string_vie
 
 }  // namespace
 
-int writeFileAtomically(const std::string& path, std::string_view bytes, mode_t newMode) {
+int writeFileAtomically(const std::string& path, std::string_view bytes, const AtomicWriting& how) {
     const std::optional<std::string> target = resolveLinks(path);
     if (!target) return ELOOP;
     if (const auto descriptor = ownDescriptor(*target)) return writeAll(*descriptor, bytes);
     struct stat old = {};
     if (::stat(target->c_str(), &old) != 0) {
-        return errno == ENOENT ? replaceFile(*target, nullptr, bytes, newMode) : errno;
+        return errno == ENOENT ? replaceFile(*target, nullptr, bytes, how) : errno;
     }
     if (S_ISDIR(old.st_mode)) return EISDIR;
     if (!S_ISREG(old.st_mode)) return writeStraight(*target, bytes);
-    return replaceFile(*target, &old, bytes, newMode);
+    return replaceFile(*target, &old, bytes, how);
 }
 
 int destinationError(const std::string& path) {

@@ -26,7 +26,7 @@ namespace marquell::platform {
 namespace {
 
 constexpr std::size_t maximumSize = 16 * 1024 * 1024;
-constexpr mode_t newFileMode = 0600;
+constexpr AtomicWriting ofThisUser = {.newMode = 0600, .isAlone = true};
 
 /// How long an editor may take between emptying a file and filling it.
 constexpr auto secondLookDelay = std::chrono::milliseconds(100);
@@ -150,7 +150,7 @@ SettingsFile::Outcome SettingsFile::saveLocked(const DefaultsChanges& changes) {
     const std::string& base = isKept ? found.text : lastKnown_;
     std::string text = withChanges(base, changes);
     if (text != base || !isKept) {
-        const int error = writeFileAtomically(path_, text, newFileMode);
+        const int error = writeFileAtomically(path_, text, ofThisUser);
         if (error != 0)
             return failure(std::string(std::strerror(error)) + "; changes are not saved");
     }
