@@ -291,6 +291,30 @@ class CommandLineTest(unittest.TestCase):
                 self.lists(b'"2024-03-09 02:05:07 PM"\n', "tree/b.txt", "-s", "dateFormatMode=2",
                            "-c", "modification_date", variables={"TZ": "UTC", **variables})
 
+    def test_use_settings(self):
+        file = self.top / "config" / "marquell" / "settings.json"
+        here = {"variables": {"XDG_CONFIG_HOME": str(self.top / "config")}}
+        self.lists(self.row("tree"), "--use-settings", "tree", **here)
+        self.assertFalse(file.parent.parent.exists(), "reading writes nothing")
+        file.parent.mkdir(parents=True)
+        settings = ('{"version": 1, "settings": {"Columns": ["name", "unknown"], "firstSortMode": 1,'
+                    ' "quoteStrings": 0, "nullValuesMode": 2.0, "boolValuesMode": "x",'
+                    ' "outputFormat": 77, "Sources": ["/"], "prodcessSubfolders": true}}')
+        file.write_text(settings)
+        self.lists(b"b.txt,n/a\na,n/a\n", "--use-settings", "tree", **here)
+        self.lists(b"b.txt,\n", "-snullValuesMode=0", "-s", "processFolders=0", "--use-settings",
+                   "tree", **here)
+        self.lists(b'"2500"\n', "-csize_in_bytes", "--use-s", "tree/b.txt", "-squoteStrings=1", **here)
+        self.lists(self.row("tree/a") + self.row("tree/b.txt"), "tree", **here)
+        self.refuses("found no source, expected a PATH or --from0; see --help", "--use-settings", **here)
+        for broken in ('{"settings":', "[]", ""):
+            file.write_text(broken)
+            status, out, err = self.run_program("--use-settings", "-q", "tree", **here)
+            self.assertEqual((status, out), (1, self.row("tree")))
+            self.assertIn(f'marquell-list: settings file "{file}": ', err)
+            self.assertEqual(file.read_text(), broken)
+        self.assertEqual(os.listdir(file.parent), ["settings.json"])
+
     def row(self, path):
         return f'"{Path(path).name}","{self.top / path}"\n'.encode()
 

@@ -70,9 +70,10 @@ int nextOption(int count, char** arguments) {
 
 /// Wherever it stands, it comes before all others.
 bool hasUseSettings(int count, char** arguments) {
+    std::vector<char*> copy(arguments, arguments + count + 1);  // getopt reorders them
     bool found = false;
     for (int letter = 0; letter != -1 && !found; found = letter == useSettings) {
-        letter = nextOption(count, arguments);
+        letter = nextOption(count, copy.data());
     }
     optind = 0;  // from the start again
     return found;
