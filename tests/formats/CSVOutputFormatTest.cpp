@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <latch>
 #include <memory>
 #include <string>
 #include <utility>
@@ -10,6 +11,7 @@
 #include "formats/CSVOutputFormat.h"
 #include "metadata/MetadataStorage.h"
 #include "pipeline/NodeArena.h"
+#include "platform/OperationQueue.h"
 #include "platform/Surroundings.h"
 
 namespace marquell::formats {
@@ -126,6 +128,34 @@ TEST_F(CSVOutput, CancelledInTimeTellsNobody) {
     operation->main();
     EXPECT_THAT(owner_.texts, testing::IsEmpty());
     EXPECT_EQ(operation->outputString()->size(), 0U);
+}
+
+/// Keeps a queue from going on until it is opened.
+class Gate : public platform::Operation {
+public:
+    void main() override { open.wait(); }
+    std::latch open{1};
+};
+
+TEST_F(CSVOutput, SupersededItHasNoFileRead) {
+    snapshot_.columnList = {"name", "size_in_bytes"};
+    add("a");
+    for (const bool isStored : {false, true}) {
+        const metadata::PathKey file(std::string_view("/s/a"));
+        if (isStored)
+            MetadataStorage::shared().store(file, MetadataSource::basic, "retrieved", true);
+        std::latch drained(1);
+        platform::OperationQueue queue("test");
+        queue.setDrainedHandler([&drained] { drained.count_down(); });
+        const auto gate = std::make_shared<Gate>();
+        queue.addOperation(gate);
+        queue.addOperation(newOperation());
+        queue.addOperation(gate);
+        gate->open.count_down();
+        drained.wait();
+        EXPECT_EQ(MetadataStorage::shared().isRetrieved(file, MetadataSource::basic), isStored);
+        EXPECT_THAT(owner_.texts, testing::SizeIs(isStored ? 1 : 0));
+    }
 }
 
 }  // namespace
