@@ -13,7 +13,7 @@ namespace {
 using pipeline::Column;
 using pipeline::Node;
 
-std::vector<Column> columnsOf(const std::vector<std::string>& ids) {
+std::vector<Column> columnsOf(const platform::TextList& ids) {
     return {ids.begin(), ids.end()};
 }
 

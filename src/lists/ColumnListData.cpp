@@ -13,7 +13,7 @@ void ColumnListData::add(const std::string& columnId) { insertAtRow(value().size
 void ColumnListData::insertAtRow(std::size_t row, const std::vector<std::string>& titles) {
     const auto before = storedList();
     if (!before || row > before->size()) return;
-    std::vector<std::string> list = *before;
+    std::vector<std::string> list = before->texts();
     list.insert(list.begin() + static_cast<std::ptrdiff_t>(row), titles.begin(), titles.end());
     store(std::move(list), *before);
 }

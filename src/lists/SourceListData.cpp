@@ -25,6 +25,7 @@ Alert refusalAlert() {
 
 /// Whether the path, an absolute one, or a folder above it is among `existing`.
 bool isCovered(std::string_view path, const std::unordered_set<std::string_view>& existing) {
+    if (existing.empty()) return false;
     while (!existing.contains(path)) {
         if (path == "/") return false;
         path = platform::deletingLastPathComponent(path);
@@ -40,9 +41,9 @@ SourceListData::SourceListData(std::shared_ptr<platform::UserDefaults> defaults)
 }
 
 void SourceListData::add(const std::vector<std::string>& paths, bool interactive) {
-    const std::vector<std::string> before = value();
+    const platform::TextList before = value();
     const std::unordered_set<std::string_view> existing(before.begin(), before.end());
-    std::vector<std::string> list = before;
+    std::vector<std::string> list = before.texts();
     bool anyRefused = false;
     for (const std::string& path : paths) {
         // A dropped folder may come with a slash at its end, which the list's paths don't have.

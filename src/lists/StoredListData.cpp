@@ -9,14 +9,16 @@
 namespace marquell::lists {
 namespace {
 
+using platform::TextList;
 using Texts = std::vector<std::string>;
 
 /// The list without the rows, and the rows.
-std::pair<Texts, Texts> split(Texts list, const IndexSet& rows) {
+std::pair<Texts, Texts> split(const TextList& list, const IndexSet& rows) {
     Texts remaining;
     Texts taken;
-    for (std::size_t row = 0; row < list.size(); ++row) {
-        (rows.contains(row) ? taken : remaining).push_back(std::move(list[row]));
+    std::size_t row = 0;
+    for (const std::string& text : list) {
+        (rows.contains(row++) ? taken : remaining).push_back(text);
     }
     return {std::move(remaining), std::move(taken)};
 }
@@ -29,16 +31,16 @@ StoredListData::StoredListData(std::string key, std::string pasteboardType,
       internalPasteboardType(std::move(pasteboardType)),
       defaults_(std::move(defaults)) {}
 
-std::optional<Texts> StoredListData::storedList() const {
-    auto object = defaults_->object(storageKey);
-    auto* list = object ? std::get_if<Texts>(&*object) : nullptr;
-    return list != nullptr ? std::optional(std::move(*list)) : std::nullopt;
+std::optional<TextList> StoredListData::storedList() const {
+    const auto object = defaults_->object(storageKey);
+    const auto* list = object ? std::get_if<TextList>(&*object) : nullptr;
+    return list != nullptr ? std::optional(*list) : std::nullopt;
 }
 
-Texts StoredListData::value() const { return storedList().value_or(Texts()); }
+TextList StoredListData::value() const { return storedList().value_or(TextList()); }
 
-void StoredListData::store(Texts list, const Texts& before) {
-    if (before != list) defaults_->setObject(std::move(list), storageKey);
+void StoredListData::store(Texts list, const TextList& before) {
+    if (before.texts() != list) defaults_->setObject(TextList(std::move(list)), storageKey);
 }
 
 void StoredListData::deleteAt(const IndexSet& rows) {

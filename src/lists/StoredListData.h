@@ -30,7 +30,7 @@ public:
     std::optional<IndexSet> draggedIndices;
 
     /// Empty if the key holds something else than a list of texts.
-    std::vector<std::string> value() const;
+    platform::TextList value() const;
 
     // These do nothing when the key holds no list of texts. Rows that the list doesn't have are
     // left out; a target behind its end is its end.
@@ -45,9 +45,9 @@ protected:
     ~StoredListData() = default;
 
     /// Absent if the key holds something else than a list of texts, or nothing.
-    std::optional<std::vector<std::string>> storedList() const;
+    std::optional<platform::TextList> storedList() const;
     /// Writes `list` unless it is what `before` is.
-    void store(std::vector<std::string> list, const std::vector<std::string>& before);
+    void store(std::vector<std::string> list, const platform::TextList& before);
 
     platform::UserDefaults& defaults() const { return *defaults_; }
 

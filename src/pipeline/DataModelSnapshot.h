@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <string>
-#include <vector>
+#include "platform/TextList.h"
 
 namespace marquell::pipeline {
 
@@ -58,8 +57,8 @@ struct DataModelSnapshot {
     int htmlColumnClassMode = 0;
     int jsonIndentationMode = 1;
     int jsonDateFormatMode = 1;
-    std::vector<std::string> sourceList;  ///< absolute paths, cleaned by platform::absolutePath
-    std::vector<std::string> columnList = {"name", "absolute_path"};
+    platform::TextList sourceList;  ///< absolute paths, cleaned by platform::absolutePath
+    platform::TextList columnList = {"name", "absolute_path"};
 
     /// The encoding that encodingMode stands for.
     TextEncoding currentFileEncoding() const;

@@ -5,7 +5,8 @@
 #include <optional>
 #include <string>
 #include <variant>
-#include <vector>
+
+#include "platform/TextList.h"
 
 namespace marquell::platform {
 
@@ -22,8 +23,8 @@ struct DefaultsOther {
 };
 
 /// What a key of the settings can hold. Texts are UTF-8.
-using DefaultsValue = std::variant<DefaultsOther, bool, std::int64_t, double, std::string,
-                                   std::vector<std::string>, DefaultsData>;
+using DefaultsValue =
+    std::variant<DefaultsOther, bool, std::int64_t, double, std::string, TextList, DefaultsData>;
 
 /// `value` as the type that `model` has: itself if it has that type. A truth may also be given as 0
 /// or 1, a whole number as a floating one, a floating number as a whole one; anything else doesn't

@@ -162,6 +162,7 @@ struct Coding {
         }
         return value;
     }
+    Json operator()(const TextList& value) const { return value.texts(); }
     template <typename T>
     Json operator()(const T& value) const {
         return value;

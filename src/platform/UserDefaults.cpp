@@ -3,6 +3,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/DescriptorIo.h"
@@ -37,8 +38,12 @@ DefaultsValue withValidTexts(DefaultsValue value) {
         if (!isValidUtf8(text)) text = displayText(text);
     };
     if (auto* text = std::get_if<std::string>(&value)) clean(*text);
-    if (auto* texts = std::get_if<std::vector<std::string>>(&value)) {
-        for (std::string& text : *texts) clean(text);
+    if (auto* list = std::get_if<TextList>(&value)) {
+        if (!std::all_of(list->begin(), list->end(), &isValidUtf8)) {
+            std::vector<std::string> texts = list->texts();
+            std::for_each(texts.begin(), texts.end(), clean);
+            *list = std::move(texts);
+        }
     }
     return value;
 }
@@ -147,8 +152,8 @@ void UserDefaults::change(const std::string& key, std::optional<DefaultsValue> v
         observers = observers_.of(key);
     }
     if (isDifferent && !thread_.saveSoon()) save();
-    KeyObservers::notify(
-        observers);  // an observer may let go of the store: no more of it from here
+    // An observer may let go of the store, so nothing of it is used from here on.
+    KeyObservers::notify(observers);
 }
 
 /// Has the pending changes written, and takes over what others have written.

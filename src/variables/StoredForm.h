@@ -9,7 +9,6 @@
 #include <type_traits>
 #include <utility>
 #include <variant>
-#include <vector>
 
 #include "platform/DefaultsValue.h"
 #include "platform/JsonCoding.h"
@@ -28,7 +27,7 @@ struct StoredForm {
 /// Types that the settings hold as they are.
 template <typename T>
 concept DirectlyStored = std::same_as<T, bool> || std::same_as<T, int> || std::same_as<T, double> ||
-    std::same_as<T, std::string> || std::same_as<T, std::vector<std::string>>;
+    std::same_as<T, std::string> || std::same_as<T, platform::TextList>;
 
 template <DirectlyStored T>
 StoredForm<T> directForm() {

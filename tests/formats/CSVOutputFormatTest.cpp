@@ -97,7 +97,7 @@ TEST_F(CSVOutput, WritesTitlesInThreeModes) {
         snapshot_.includeColumnTitlesMode = mode;
         EXPECT_EQ(text(), titles);
     }
-    snapshot_.columnList.clear();
+    snapshot_.columnList = {};
     EXPECT_EQ(text(), "\n");
     add("a");
     add("b");

@@ -27,7 +27,7 @@ protected:
             EXPECT_THAT(alert.informativeText,
                         testing::HasSubstr("\"subfolders and their contents\""));
             EXPECT_EQ(alert.button, "OK");
-            storedAtAlert.push_back(sources.value());
+            storedAtAlert.push_back(sources.value().texts());
         };
     }
 

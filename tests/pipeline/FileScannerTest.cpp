@@ -98,7 +98,7 @@ private:
 };
 
 TEST_F(FileScannerTest, EmptySourceListGivesAnEmptyList) {
-    snapshot.sourceList.clear();
+    snapshot.sourceList = {};
     EXPECT_THAT(scannedPaths(), IsEmpty());
 }
 

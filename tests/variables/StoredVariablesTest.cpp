@@ -53,7 +53,7 @@ TEST_F(StoredVariables, HoldEveryKindOfValue) {
     UserDefaultsVariable<double> height("height", 150.0, defaults);
     defaults->setObject(200, "height");
     EXPECT_EQ(height.value(), 200.0);
-    UserDefaultsVariable<std::vector<std::string>> list("list", {"a"}, defaults);
+    UserDefaultsVariable<platform::TextList> list("list", {"a"}, defaults);
     list.setValue({});
     EXPECT_THAT(list.value(), ElementsAre());
     UserDefaultsVariable<std::string> text("text", "a", defaults);

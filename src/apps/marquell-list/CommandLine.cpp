@@ -152,8 +152,8 @@ private:
     }
 
     Problem addColumns(std::string_view argument) {
-        if (!std::exchange(columnsGiven_, true)) request_.snapshot.columnList.clear();
-        return appendColumns(argument, request_.snapshot.columnList);
+        if (!columns_) columns_.emplace();
+        return appendColumns(argument, *columns_);
     }
 
     Problem setFormat(std::string_view name) {
@@ -203,7 +203,7 @@ private:
                        ": the current folder is gone, expected an absolute path";
             }
         }
-        request_.snapshot.sourceList.push_back(platform::absolutePath(path, base_));
+        sources_.push_back(platform::absolutePath(path, base_));
         return std::nullopt;
     }
 
@@ -234,6 +234,8 @@ private:
         if (!hasPaths && from0Files_.empty()) {
             return "found no source, expected a PATH or --from0; see --help";
         }
+        request_.snapshot.sourceList = std::move(sources_);
+        if (columns_) request_.snapshot.columnList = std::move(*columns_);
         const OutputFormatIndexEnum index = request_.snapshot.outputFormat;
         const auto* format = formats::outputFormat(index);
         if (format == nullptr) {
@@ -252,7 +254,8 @@ private:
     }
 
     ListRequest request_;
-    bool columnsGiven_ = false;
+    std::vector<std::string> sources_;
+    std::optional<std::vector<std::string>> columns_;
     std::vector<std::string> from0Files_;
     std::string base_;
 };
