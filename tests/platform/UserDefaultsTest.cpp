@@ -4,7 +4,6 @@
 #include <sys/inotify.h>
 #include <sys/stat.h>
 
-#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <cmath>
@@ -39,6 +38,8 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using Json = nlohmann::json;
 using Texts = std::vector<std::string>;
+
+constexpr std::int64_t lowest = std::numeric_limits<std::int64_t>::min();
 
 DefaultsValue whole(std::int64_t value) { return value; }
 DefaultsValue text(const char* value) { return std::string(value); }
@@ -96,27 +97,16 @@ private:
 
 TEST(DefaultsValue, FitsTheTypeOfAModel) {
     const DefaultsValue truth = true;
-    const DefaultsValue number = 0.5;
-    const DefaultsValue list = Texts{"a"};
+    const DefaultsValue seven = whole(7);
+    const DefaultsValue half = 0.5;
+    const auto none = std::nullopt;
     using Row = std::tuple<DefaultsValue, DefaultsValue, std::optional<DefaultsValue>>;
-    for (const auto& [value, model, expected] : {
-             Row{whole(0), truth, false},
-             Row{whole(1), truth, true},
-             Row{1.0, truth, true},
-             Row{whole(2), truth, std::nullopt},
-             Row{text("true"), truth, std::nullopt},
-             Row{truth, whole(7), std::nullopt},
-             Row{-3.0, whole(7), whole(-3)},
-             Row{3.5, whole(7), std::nullopt},
-             Row{0x1p63, whole(7), std::nullopt},
-             Row{-0x1p63, whole(7), whole(std::numeric_limits<std::int64_t>::min())},
-             Row{std::nan(""), whole(7), std::nullopt},
-             Row{whole(150), number, 150.0},
-             Row{truth, number, std::nullopt},
-             Row{text("a"), list, std::nullopt},
-             Row{Texts{}, list, Texts{}},
-             Row{DefaultsOther(), text("a"), std::nullopt},
-         }) {
+    for (const auto& [value, model, expected] :
+         {Row{whole(0), truth, false}, Row{1.0, truth, true}, Row{whole(2), truth, none},
+          Row{text("true"), truth, none}, Row{truth, seven, none}, Row{-3.0, seven, whole(-3)},
+          Row{3.5, seven, none}, Row{0x1p63, seven, none}, Row{-0x1p63, seven, whole(lowest)},
+          Row{std::nan(""), seven, none}, Row{whole(150), half, 150.0}, Row{truth, half, none},
+          Row{DefaultsOther(), text("a"), none}, Row{Texts{}, Texts{"a"}, Texts{}}}) {
         EXPECT_EQ(fitted(value, model), expected)
             << testing::PrintToString(value) << " as " << testing::PrintToString(model);
     }
@@ -134,7 +124,8 @@ TEST(UserFolders, FollowTheEnvironmentWhereItHasAbsolutePaths) {
 }
 
 TEST_F(UserDefaultsTest, LooksForStoredValuesThenForRegisteredOnes) {
-    tests::writeFile(file_, R"({"settings": {"width": "wide", "on": 1, "other": {}, "n": 1e3}})");
+    tests::writeFile(
+        file_, R"({"settings": {"width": "wide", "on": 1, "other": {}, "n": 1e3, "x": 150}})");
     const std::string before = tests::contentOf(file_);
     {
         const auto store = open();
@@ -148,13 +139,13 @@ TEST_F(UserDefaultsTest, LooksForStoredValuesThenForRegisteredOnes) {
         EXPECT_EQ(store->object("n"), whole(1000));
         EXPECT_EQ(store->object("other"), DefaultsValue(DefaultsOther()));
         EXPECT_EQ(store->object("missing"), std::nullopt);
-        store->setObject(true, "on");  // a change: the file has 1
-        store->removeObject("missing");
-        store->setObject(text("wide"), "width");
+        store->setObject(true, "on");  // of another type, so it is a change, and so is the next
+        store->setObject(150.0, "x");
     }
-    EXPECT_EQ(stored(), Json::parse(R"({"width": "wide", "on": true, "other": {}, "n": 1e3})"));
+    EXPECT_EQ(open()->object("x"), DefaultsValue(150.0));
+    EXPECT_EQ(stored(),
+              Json::parse(R"({"width": "wide", "on": true, "other": {}, "n": 1e3, "x": 150})"));
     tests::writeFile(file_, before);
-    std::filesystem::remove(file_ + ".lock");
     {
         const auto store = open();
         store->registerDefault("width", whole(5));
@@ -178,11 +169,12 @@ TEST_F(UserDefaultsTest, LooksForStoredValuesThenForRegisteredOnes) {
 
 TEST_F(UserDefaultsTest, ReadsBackWhatItWroteAndKeepsWhatItDoesNotKnow) {
     const double infinity = std::numeric_limits<double>::infinity();
+    const auto bytes = [](const std::string& of) { return DefaultsValue(DefaultsData{of}); };
     const std::vector<DefaultsValue> values = {true,
                                                false,
                                                whole(0),
-                                               whole(std::numeric_limits<std::int64_t>::min()),
-                                               whole(std::numeric_limits<std::int64_t>::max()),
+                                               whole(lowest),
+                                               whole(~lowest),
                                                150.0,
                                                0.1,
                                                5e-324,
@@ -192,12 +184,13 @@ TEST_F(UserDefaultsTest, ReadsBackWhatItWroteAndKeepsWhatItDoesNotKnow) {
                                                text(""),
                                                text("\x01\"\\\n\u2028\U0001F600"),
                                                std::string("a\0b", 3),
-                                               Texts{},
-                                               Texts{"", "[a]", "a"},
-                                               DefaultsData{""},
-                                               DefaultsData{std::string("\0\xff\n", 3)},
-                                               DefaultsData{"1"},
-                                               DefaultsData{"1234"}};
+                                               Texts(),
+                                               Texts(1, ""),
+                                               Texts(2, "[a]"),
+                                               bytes(""),
+                                               bytes(std::string("\0\xff\n", 3)),
+                                               bytes("1"),
+                                               bytes("1234")};
     const char* unknown = R"("a": null, "b": [1, "x"], "c": {"d": {}}, "e": 18446744073709551615,
         "f": {"data": "YR=="}, "g": {"number": "9"}, "h": {"data": "", "x": 1}, "i": [[]])";
     tests::writeFile(file_,
@@ -255,19 +248,16 @@ TEST_F(UserDefaultsTest, MakesAFileForTheUserAlone) {
 
 TEST_F(UserDefaultsTest, TellsObserversOfEveryWrite) {
     const auto store = open();
-    std::vector<std::string> calls;
-    const auto note = [&](const char* name) {
-        return [&calls, name] { calls.emplace_back(name); };
-    };
-    store->addObserver("other", note("other"));
-    const auto first = store->addObserver("key", note("first"));
-    store->addObserver("key", note("second"));
+    std::string calls;
+    store->addObserver("other", [&] { calls += 'o'; });
+    const auto first = store->addObserver("key", [&] { calls += '1'; });
+    store->addObserver("key", [&] { calls += '2'; });
     store->setObject(whole(1), "key");
     store->setObject(whole(1), "key");
     store->removeObserver(first);
     store->removeObject("key");
     store->registerDefault("key", whole(2));
-    EXPECT_THAT(calls, ElementsAre("first", "second", "first", "second", "second"));
+    EXPECT_EQ(calls, "12122");
 }
 
 TEST_F(UserDefaultsTest, AllowsObserversToDoAnything) {
@@ -323,14 +313,11 @@ TEST_F(UserDefaultsTest, ServesManyThreadsAndStoresAtOnce) {
     }
     for (std::thread& thread : threads) thread.join();
     EXPECT_EQ(calls, 4 * last);
-    EXPECT_TRUE(reaches([&] {
-        return std::all_of(stores.begin(), stores.end(), [](const auto& store) {
-            for (int number = 0; number < 4; ++number) {
-                if (store->object("key " + std::to_string(number)) != whole(last)) return false;
-            }
-            return store->object("shared") == whole(last);
-        });
-    }));
+    for (const char* key : {"key 0", "key 1", "key 2", "key 3", "shared"}) {
+        for (const auto& store : stores) {
+            EXPECT_TRUE(reaches([&] { return store->object(key) == whole(last); })) << key;
+        }
+    }
 }
 
 TEST_F(UserDefaultsTest, SetsAsideWhatItDoesNotUnderstand) {
@@ -345,17 +332,14 @@ TEST_F(UserDefaultsTest, SetsAsideWhatItDoesNotUnderstand) {
              {"[]", "found JSON of type array, expected object"},
              {"{\"settings\": 1}", "member \"settings\": found JSON of type number"},
              {"{\"settings\": {\"a\": " + std::string(63, '[') + std::string(63, ']') + "}}",
-              "64 levels"},
-             {std::string(100'000, '['), "64 levels"}}) {
+              "found values more than 64 levels"},
+             {std::string(100'000, '['), "found values more than 64 levels"}}) {
         tests::writeFile(real, R"({"settings": {"known": [1], "key": 0}})");
         const auto store = open();
         tests::writeFile(real, content);
         const auto late = open();
         EXPECT_EQ(late->object("known"), std::nullopt);
-        const auto told = reports();
-        ASSERT_EQ(told.size(), 1U) << content;
-        EXPECT_THAT(told[0], HasSubstr(file_ + "\": ")) << content;
-        EXPECT_THAT(told[0], HasSubstr(problem)) << content;
+        EXPECT_THAT(reports(), ElementsAre(HasSubstr(file_ + "\": " + problem))) << content;
         EXPECT_EQ(tests::contentOf(real), content) << "nothing is written by reading";
 
         store->setObject(whole(1), "key");
@@ -381,8 +365,6 @@ TEST_F(UserDefaultsTest, LeavesAloneWhatItCanNotRead) {
     std::vector<std::pair<Obstacle, std::string>> obstacles = {
         {[&] { std::filesystem::create_directory(file_); }, "regular file"},
         {[&] { ASSERT_EQ(::mkfifo(file_.c_str(), 0600), 0); }, "regular file"},
-        {[&] { std::filesystem::create_symlink("/dev/tty", file_); }, "settings are not saved"},
-        {[&] { std::filesystem::create_symlink("settings.json", file_); }, "symbolic links"},
         {[&] { std::filesystem::create_symlink(large, file_); }, "16 MB"},
     };
     if (::geteuid() != 0) {  // root may read anything
@@ -391,8 +373,7 @@ TEST_F(UserDefaultsTest, LeavesAloneWhatItCanNotRead) {
     }
     for (const auto& [obstacle, problem] : obstacles) {
         obstacle();
-        struct stat before = {};
-        ASSERT_EQ(::lstat(file_.c_str(), &before), 0);
+        const auto before = std::filesystem::status(file_);
         const auto store = open();
         EXPECT_THAT(reports(), ElementsAre(HasSubstr(problem)));
         store->setObject(whole(1), "key");
@@ -401,10 +382,7 @@ TEST_F(UserDefaultsTest, LeavesAloneWhatItCanNotRead) {
         EXPECT_FALSE(store->synchronize());
         EXPECT_THAT(reports(), IsEmpty()) << "it is told once";
         EXPECT_EQ(store->object("key"), whole(2));
-        struct stat after = {};
-        ASSERT_EQ(::lstat(file_.c_str(), &after), 0);
-        EXPECT_EQ(std::tuple(before.st_ino, before.st_mode, before.st_size),
-                  std::tuple(after.st_ino, after.st_mode, after.st_size));
+        EXPECT_EQ(std::filesystem::status(file_), before);
         EXPECT_THAT(others(), IsEmpty());
 
         std::filesystem::remove(file_);
@@ -457,14 +435,8 @@ TEST_F(UserDefaultsTest, HearsOfChangesByOthersInWhateverWayTheyAreMade) {
         {[&] { writer->removeObject("key"); }, 0},
         {[&] { write(fresh, 2), std::filesystem::rename(fresh, file_); }, 2},
         {[&] { write(file_, 3); }, 3},
-        {[&] { write(file_, 4); }, 4},  // of the same size, perhaps in the same tick of the clock
+        {[&] { write(file_, 4); }, 4},
         {[&] { std::filesystem::remove(file_), write(file_, 5); }, 5},
-        {[&] {
-             std::filesystem::remove(file_);
-             write(fresh, 6);
-             std::filesystem::create_hard_link(fresh, file_);
-         },
-         6},
         {[&] {
              std::filesystem::rename(folder, folder_ / "away");
              std::filesystem::create_directory(folder);
@@ -498,13 +470,15 @@ TEST_F(UserDefaultsTest, HearsOnlyOfValuesThatDiffer) {
     ASSERT_TRUE(store->synchronize());
     const auto write = [&](int value) {
         tests::writeFile(file_,
-                         R"({"settings": {"own": 5, "no number": {"number": "nan"}, "private": 1,
-            "fits": 1, "key": )" +
+                         R"({"settings": {"own": 5, "no number": {"number": "nan"},
+            "private": 1, "fits": 1, "key": )" +
                              std::to_string(value) + "}}");
         return reaches([&] { return store->object("key") == whole(value); });
     };
     EXPECT_TRUE(write(1));
-    tests::writeFile(file_, "{");  // for a moment; it changes nothing
+    tests::writeFile(file_, "{");  // as if in the middle of a change; the store waits a while
+    const auto end = std::chrono::steady_clock::now() + 150ms;
+    EXPECT_TRUE(reaches([&] { return std::chrono::steady_clock::now() > end; }));
     EXPECT_TRUE(write(2));
     EXPECT_TRUE(reaches([&] { return calls.size() >= 4; }));
     EXPECT_THAT(calls, ElementsAre("own", "no number", "key", "key"));
