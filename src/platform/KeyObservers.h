@@ -17,7 +17,7 @@ namespace marquell::platform {
 class KeyObservers {
 public:
     struct Entry {
-        KeyValueObservable::ObserverId id;
+        KeyValueObservable::ObserverId id = 0;
         KeyValueObservable::Observer observer;
         std::atomic<bool> isRemoved = false;
     };

@@ -55,10 +55,11 @@ void reportOnStandardError(const std::string& message) {
 
 }  // namespace
 
-std::shared_ptr<UserDefaults> UserDefaults::open(std::string file, ProblemReporter reportProblem,
+std::shared_ptr<UserDefaults> UserDefaults::open(const std::string& file,
+                                                 ProblemReporter reportProblem,
                                                  std::chrono::milliseconds patience) {
     return std::shared_ptr<UserDefaults>(
-        new UserDefaults(std::move(file), std::move(reportProblem), patience));
+        new UserDefaults(file, std::move(reportProblem), patience));
 }
 
 std::string UserDefaults::standardFile() {

@@ -45,10 +45,11 @@ public:
     /// Reads `file`, an absolute path; it, and the folder that it lies in, need not exist. A write
     /// that other programs' writes keep from the file for longer than `patience` has failed.
     static std::shared_ptr<UserDefaults> open(
-        std::string file, ProblemReporter reportProblem,
+        const std::string& file, ProblemReporter reportProblem,
         std::chrono::milliseconds patience = std::chrono::seconds(2));
 
-    /// Where the settings of the user are: "marquell/settings.json" in the folder for configuration.
+    /// Where the settings of the user are: "marquell/settings.json" in the folder for
+    /// configuration.
     static std::string standardFile();
 
     /// The store over standardFile(); problems go to standard error.
