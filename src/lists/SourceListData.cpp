@@ -2,7 +2,7 @@
 #include "lists/SourceListData.h"
 
 #include <string_view>
-#include <unordered_set>
+#include <unordered_map>
 #include <utility>
 
 #include "platform/Localization.h"
@@ -23,14 +23,60 @@ Alert refusalAlert() {
             text("OK")};
 }
 
-/// Whether the path, an absolute one, or a folder above it is among `existing`.
-bool isCovered(std::string_view path, const std::unordered_set<std::string_view>& existing) {
-    if (existing.empty()) return false;
-    while (!existing.contains(path)) {
-        if (path == "/") return false;
-        path = platform::deletingLastPathComponent(path);
+/// The new paths and all folders above them, and which of these are covered by the list. Built from
+/// the new paths, so that adding a few to a list of very many is quick.
+class Coverage {
+public:
+    Coverage(const std::vector<std::string>& newPaths, const platform::TextList& existing) {
+        if (existing.empty()) return;
+        states_.reserve(newPaths.size());
+        for (const std::string& path : newPaths) {
+            climb(path, [this](std::string_view each) {
+                return states_.try_emplace(each, State::unknown).second;
+            });
+        }
+        for (const std::string& path : existing) {
+            const auto found = states_.find(path);
+            if (found != states_.end()) found->second = State::covered;
+        }
     }
-    return true;
+
+    /// Whether one of the new paths, or a folder above it, is in the list.
+    bool covers(std::string_view path) {
+        if (states_.empty()) return false;
+        std::vector<State*> passed;
+        State known = State::open;
+        climb(path, [&](std::string_view each) {
+            State& state = states_.at(each);
+            if (state != State::unknown) known = state;
+            passed.push_back(&state);
+            return state == State::unknown;
+        });
+        for (State* state : passed) *state = known;  // so that folders are climbed only once
+        return known == State::covered;
+    }
+
+private:
+    enum class State : char { unknown, covered, open };
+
+    /// Visits an absolute path and the folders above it until `visit` returns false.
+    template <typename Visit>
+    static void climb(std::string_view path, const Visit& visit) {
+        while (visit(path) && path != "/") path = platform::deletingLastPathComponent(path);
+    }
+
+    std::unordered_map<std::string_view, State> states_;
+};
+
+/// A dropped folder may come with a slash at its end, which the list's paths don't have.
+std::vector<std::string> cleaned(const std::vector<std::string>& paths) {
+    std::vector<std::string> all;
+    all.reserve(paths.size());
+    for (const std::string& path : paths) {
+        std::string clean = platform::absolutePath(path, "/");
+        if (!clean.empty()) all.push_back(std::move(clean));
+    }
+    return all;
 }
 
 }  // namespace
@@ -42,18 +88,15 @@ SourceListData::SourceListData(std::shared_ptr<platform::UserDefaults> defaults)
 
 void SourceListData::add(const std::vector<std::string>& paths, bool interactive) {
     const platform::TextList before = value();
-    const std::unordered_set<std::string_view> existing(before.begin(), before.end());
-    std::vector<std::string> list = before.texts();
-    bool anyRefused = false;
-    for (const std::string& path : paths) {
-        // A dropped folder may come with a slash at its end, which the list's paths don't have.
-        std::string clean = platform::absolutePath(path, "/");
-        if (clean.empty() || isCovered(clean, existing)) {
-            anyRefused = true;
-        } else {
-            list.push_back(std::move(clean));
-        }
+    const std::vector<std::string> newPaths = cleaned(paths);
+    Coverage coverage(newPaths, before);
+    std::vector<std::string> list;
+    list.reserve(before.size() + newPaths.size());
+    list.assign(before.begin(), before.end());
+    for (const std::string& path : newPaths) {
+        if (!coverage.covers(path)) list.push_back(path);
     }
+    const bool anyRefused = list.size() < before.size() + paths.size();
     store(std::move(list), before);
     if (anyRefused && interactive && showAlert) showAlert(refusalAlert());
 }

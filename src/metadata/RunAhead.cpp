@@ -90,6 +90,7 @@ void RunAhead::extract(Node& node) const {
 }
 
 bool RunAhead::isReady(const Node& node) const {
+    if (readsTags_ && !node.areTagsRead()) return false;
     return std::all_of(sources_.begin(), sources_.end(), [&node](MetadataSource source) {
         return MetadataStorage::shared().isRetrieved(node.pathKey(), source);
     });

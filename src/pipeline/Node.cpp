@@ -73,6 +73,11 @@ const std::string* Node::tags() const {
     return tags_.get();
 }
 
+bool Node::areTagsRead() const {
+    const std::lock_guard lock(tagLocks().of(this));
+    return tagsAreRead_;
+}
+
 std::string Node::text(std::string_view bytes) const {
     return isText_ ? std::string(bytes) : platform::displayText(bytes);
 }

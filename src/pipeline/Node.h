@@ -56,6 +56,7 @@ public:
 
     /// The file's tags as one text; absent when it has none. Read from disk once.
     const std::string* tags() const;
+    bool areTagsRead() const;
 
     /// Whether all of the path is valid UTF-8, so that its views are texts as they stand.
     bool isText() const { return isText_; }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pipeline/OutputEngine.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "metadata/MetadataStorage.h"
@@ -37,18 +36,18 @@ void OutputEngine::enterOnChange(const std::string& key, void (OutputEngine::*la
 void OutputEngine::startListening() {
     enterOnChange(dataModel_.sourceList.storageKey, &OutputEngine::launchScanOperation);
     enterOnChange(dataModel_.columnList.storageKey, &OutputEngine::columnListChanged);
-    enterOnChange("outputFormat", &OutputEngine::launchOutputOperation);
     enterOnChange(&OutputEngine::launchScanOperation, *dataModel_.processFiles,
                   *dataModel_.processFolders, *dataModel_.processSubFolders);
     enterOnChange(&OutputEngine::launchReSortOperation, *dataModel_.firstSortMode,
                   *dataModel_.secondSortMode);
     // All but encodingMode, which matters only when the text is written to a file.
-    enterOnChange(&OutputEngine::launchOutputOperation, *dataModel_.boolValuesMode,
-                  *dataModel_.nullValuesMode, *dataModel_.dateFormatMode, *dataModel_.multiLineMode,
-                  *dataModel_.linebreaksMode, *dataModel_.quoteStrings,
-                  *dataModel_.includeColumnTitlesMode, *dataModel_.htmlIndentationMode,
-                  *dataModel_.htmlColumnIdHeaderMode, *dataModel_.htmlColumnClassMode,
-                  *dataModel_.jsonIndentationMode, *dataModel_.jsonDateFormatMode);
+    enterOnChange(&OutputEngine::launchOutputOperation, *dataModel_.outputFormat,
+                  *dataModel_.boolValuesMode, *dataModel_.nullValuesMode,
+                  *dataModel_.dateFormatMode, *dataModel_.multiLineMode, *dataModel_.linebreaksMode,
+                  *dataModel_.quoteStrings, *dataModel_.includeColumnTitlesMode,
+                  *dataModel_.htmlIndentationMode, *dataModel_.htmlColumnIdHeaderMode,
+                  *dataModel_.htmlColumnClassMode, *dataModel_.jsonIndentationMode,
+                  *dataModel_.jsonDateFormatMode);
     launchScanOperation();
 }
 
@@ -62,67 +61,54 @@ void OutputEngine::launchScanOperation() {
     const std::lock_guard lock(mutex_);
     newestSnapshot_ = snapshot;
     operationQueue_.cancelAllOperations();
-    add(std::make_shared<ScannerOperation>(*this, snapshot));
+    isScanPending_ = add(std::make_shared<ScannerOperation>(*this, snapshot));
 }
 
 void OutputEngine::launchReSortOperation() {
     const Snapshot snapshot = std::make_shared<DataModelSnapshot>(dataModel_.createSnapshot());
     const std::lock_guard lock(mutex_);
     newestSnapshot_ = snapshot;
-    if (flatFileList_) addReSortOperation();
+    if (hasLastingList()) addReSortOperation();
 }
 
 void OutputEngine::launchOutputOperation() {
     const Snapshot snapshot = std::make_shared<DataModelSnapshot>(dataModel_.createSnapshot());
     const std::lock_guard lock(mutex_);
     newestSnapshot_ = snapshot;
-    if (flatFileList_) addOutputOperation();
+    if (hasLastingList()) addOutputOperation();
 }
 
+/// Whether there is a list and no scan that is to replace it. What a change would start over a list
+/// on its way out could read files that nobody wants any more; the scan's end sees to the change.
+bool OutputEngine::hasLastingList() const { return flatFileList_ != nullptr && !isScanPending_; }
+
 void OutputEngine::addReSortOperation() {
-    add(std::make_shared<ReSortFlatFileListOperation>(*this, newestSnapshot_, flatFileList_->list,
-                                                      flatFileList_->scanNumber));
+    add(std::make_shared<ReSortFlatFileListOperation>(*this, newestSnapshot_, flatFileList_));
 }
 
 void OutputEngine::addOutputOperation() {
     const formats::OutputFormatType* format = formatLookup_(newestSnapshot_->outputFormat);
     if (format == nullptr) return;
-    add(format->getOutputOperation(newestSnapshot_, *this, flatFileList_->list));
+    add(format->getOutputOperation(newestSnapshot_, *this, flatFileList_));
 }
 
-void OutputEngine::add(std::shared_ptr<OutputEngineOperationType> operation) {
-    // First of all: a small list's text could otherwise come before it and then be hidden for good.
+/// False if the system refuses the queue its thread.
+bool OutputEngine::add(std::shared_ptr<OutputEngineOperationType> operation) {
+    // Before the operation, whose text would otherwise be hidden by it for good.
     clearOutputPreviewTextView();
-    // Fails where the system refuses the queue its thread. The next change tries again.
-    static_cast<void>(operationQueue_.addOperation(std::move(operation)));
+    return operationQueue_.addOperation(std::move(operation));
 }
 
 void OutputEngine::scanOperationFinished(ScannerOperation& scanOperation) {
     const std::lock_guard lock(mutex_);
     if (scanOperation.isCancelled()) return;
+    isScanPending_ = false;
+    flatFileList_ = scanOperation.flatFileList();
+    currentFileCount_ = flatFileList_->files.size();
+    // The order may have changed meanwhile, when this list was not there to be sorted anew.
     const DataModelSnapshot& snapshot = *scanOperation.dataModelSnapshot();
-    flatFileList_ = {scanOperation.flatFileList(), snapshot.firstSortMode, snapshot.secondSortMode,
-                     ++scanCount_};
-    currentFileCount_ = flatFileList_->list->files.size();
-    finishListStage(scanOperation);
-}
-
-void OutputEngine::reSortOperationFinished(ReSortFlatFileListOperation& reSortOperation) {
-    const std::lock_guard lock(mutex_);
-    if (reSortOperation.isCancelled()) return;
-    // The list may be an older scan's, then nobody wants it any more.
-    if (reSortOperation.scanNumber() == flatFileList_->scanNumber) {
-        const DataModelSnapshot& snapshot = *reSortOperation.dataModelSnapshot();
-        flatFileList_ = {reSortOperation.resortedFlatFileList(), snapshot.firstSortMode,
-                         snapshot.secondSortMode, flatFileList_->scanNumber};
-    }
-    finishListStage(reSortOperation);
-}
-
-/// Queues what follows. Settings may have changed since the stage was queued, also while there was
-/// no list yet that they could have been applied to.
-void OutputEngine::finishListStage(const platform::Operation& finishing) {
-    if (!flatFileList_->isOrderedBy(*newestSnapshot_) && !isReSortWaiting(&finishing)) {
+    if (snapshot.firstSortMode != newestSnapshot_->firstSortMode ||
+        snapshot.secondSortMode != newestSnapshot_->secondSortMode) {
         addReSortOperation();
     } else {
         addOutputOperation();
@@ -130,17 +116,13 @@ void OutputEngine::finishListStage(const platform::Operation& finishing) {
     updatePreviewTable();
 }
 
-/// Whether a re-sort of the current scan's list is queued.
-bool OutputEngine::isReSortWaiting(const platform::Operation* besides) const {
-    bool isWaiting = false;
-    operationQueue_.inspect([this, besides, &isWaiting](const auto operations) {
-        isWaiting = std::any_of(operations.begin(), operations.end(), [&](const auto& operation) {
-            const auto* reSort = dynamic_cast<ReSortFlatFileListOperation*>(operation.get());
-            return reSort != nullptr && reSort != besides &&
-                   reSort->scanNumber() == flatFileList_->scanNumber;
-        });
-    });
-    return isWaiting;
+void OutputEngine::reSortOperationFinished(ReSortFlatFileListOperation& reSortOperation) {
+    const std::lock_guard lock(mutex_);
+    if (reSortOperation.isCancelled()) return;
+    flatFileList_ = reSortOperation.resortedFlatFileList();
+    // If the order has changed once more, the re-sort for that is queued already.
+    addOutputOperation();
+    updatePreviewTable();
 }
 
 void OutputEngine::outputOperationFinished(formats::OutputFormatOperationType& outputOperation) {
@@ -187,13 +169,13 @@ void OutputEngine::clearOutputPreviewTextView() {
 
 void OutputEngine::updatePreviewTable() {
     postToMain([](OutputEngine& engine) {
-        std::shared_ptr<const FlatFileList> list;
-        {
-            const std::lock_guard lock(engine.mutex_);
-            if (engine.flatFileList_) list = engine.flatFileList_->list;
-        }
-        if (engine.display_ != nullptr) engine.display_->updateTable(std::move(list));
+        if (engine.display_ != nullptr) engine.display_->updateTable(engine.currentList());
     });
+}
+
+std::shared_ptr<const FlatFileList> OutputEngine::currentList() const {
+    const std::lock_guard lock(mutex_);
+    return flatFileList_;
 }
 
 void OutputEngine::outputIsReady(bool ready) {
@@ -203,7 +185,8 @@ void OutputEngine::outputIsReady(bool ready) {
 }
 
 void OutputEngine::showCurrentText() {
-    textsToShow_.fetch_sub(1, std::memory_order_relaxed);
+    // Of several, each would show the newest; one is enough.
+    if (textsToShow_.fetch_sub(1, std::memory_order_relaxed) > 1) return;
     CurrentOutput output;
     {
         const std::lock_guard lock(mutex_);
@@ -214,9 +197,10 @@ void OutputEngine::showCurrentText() {
 }
 
 void OutputEngine::queueIsDrained() {
-    if (display_ == nullptr || !isAtRest()) return;
-    if (currentOutputString() != nullptr) display_->allowSaving();
+    if (display_ != nullptr && maySave()) display_->allowSaving();
 }
+
+bool OutputEngine::maySave() const { return isAtRest() && currentOutputString() != nullptr; }
 
 /// Whether no stage is left, and no text that waits for the main thread to show it.
 bool OutputEngine::isAtRest() const {

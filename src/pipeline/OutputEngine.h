@@ -3,7 +3,6 @@
 
 #include <atomic>
 #include <cstddef>
-#include <cstdint>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -37,7 +36,7 @@ namespace marquell::pipeline {
 /// the installed main queue. Destroying it stops the stages and waits for them.
 class OutputEngine final : public StageOwner {
 public:
-    /// Null for a format that there is none of.
+    /// Null for a format that there is none of: the text before it then stays.
     using FormatLookup = std::function<const formats::OutputFormatType*(OutputFormatIndexEnum)>;
 
     /// The model must outlive the engine. Starts nothing.
@@ -64,24 +63,15 @@ public:
     /// The newest finished text in UTF-8, whatever the display makes of it; null before the first.
     std::shared_ptr<const platform::TextBuffer> currentOutputString() const;
 
+    /// Whether there is a text and no other is to come. The display learns of a change a moment
+    /// later, so whoever saves asks here.
+    bool maySave() const;
+
     /// Set to true at the end of each output stage, on the stage's thread.
     variables::StraightVariable<bool> outputCompletePublisher{false};
 
 private:
     using Snapshot = std::shared_ptr<const DataModelSnapshot>;
-
-    /// A finished list, and how it came about.
-    struct CurrentList {
-        std::shared_ptr<const FlatFileList> list;
-        int firstSortMode = 0;
-        int secondSortMode = 0;
-        std::uint64_t scanNumber = 0;
-
-        bool isOrderedBy(const DataModelSnapshot& snapshot) const {
-            return firstSortMode == snapshot.firstSortMode &&
-                   secondSortMode == snapshot.secondSortMode;
-        }
-    };
 
     /// A finished text, and the format that made it.
     struct CurrentOutput {
@@ -97,12 +87,12 @@ private:
     // The caller of these holds mutex_.
     void addReSortOperation();
     void addOutputOperation();
-    void add(std::shared_ptr<OutputEngineOperationType> operation);
-    bool isReSortWaiting(const platform::Operation* besides) const;
-    void finishListStage(const platform::Operation& finishing);
+    bool add(std::shared_ptr<OutputEngineOperationType> operation);
+    bool hasLastingList() const;
 
     void clearOutputPreviewTextView();
     void updatePreviewTable();
+    std::shared_ptr<const FlatFileList> currentList() const;
     void outputIsReady(bool ready);
     void queueIsDrained();
     void showCurrentText();
@@ -118,11 +108,11 @@ private:
 
     /// Held only to look at or exchange what it guards and to queue an operation.
     mutable std::mutex mutex_;
-    Snapshot newestSnapshot_;                      // guarded by mutex_
-    std::optional<CurrentList> flatFileList_;      // guarded by mutex_
-    CurrentOutput currentOutput_;                  // guarded by mutex_
-    std::optional<std::size_t> currentFileCount_;  // guarded by mutex_
-    std::uint64_t scanCount_ = 0;                  // guarded by mutex_
+    Snapshot newestSnapshot_;     // guarded by mutex_
+    bool isScanPending_ = false;  // guarded by mutex_; queued and not finished
+    std::shared_ptr<const FlatFileList> flatFileList_;  // guarded by mutex_
+    CurrentOutput currentOutput_;                       // guarded by mutex_
+    std::optional<std::size_t> currentFileCount_;       // guarded by mutex_
 
     /// Texts that the main thread has been asked to show and hasn't yet.
     std::atomic<int> textsToShow_ = 0;

@@ -9,11 +9,10 @@ namespace marquell::pipeline {
 
 ReSortFlatFileListOperation::ReSortFlatFileListOperation(
     StageOwner& owner, std::shared_ptr<const DataModelSnapshot> dataModelSnapshot,
-    std::shared_ptr<const FlatFileList> flatFileList, std::uint64_t scanNumber)
+    std::shared_ptr<const FlatFileList> flatFileList)
     : owner_(owner),
       snapshot_(std::move(dataModelSnapshot)),
-      flatFileList_(std::move(flatFileList)),
-      scanNumber_(scanNumber) {}
+      flatFileList_(std::move(flatFileList)) {}
 
 void ReSortFlatFileListOperation::main() {
     if (isCancelled()) return;

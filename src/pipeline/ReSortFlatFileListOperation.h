@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <cstdint>
 #include <memory>
 
 #include "pipeline/DataModelSnapshot.h"
@@ -15,11 +14,9 @@ namespace marquell::pipeline {
 /// that it is given stays as it is. Cancelled, it ends early and reports nothing.
 class ReSortFlatFileListOperation : public OutputEngineOperationType {
 public:
-    /// `scanNumber` is the owner's, to know the scan again that made the list.
     ReSortFlatFileListOperation(StageOwner& owner,
                                 std::shared_ptr<const DataModelSnapshot> dataModelSnapshot,
-                                std::shared_ptr<const FlatFileList> flatFileList,
-                                std::uint64_t scanNumber);
+                                std::shared_ptr<const FlatFileList> flatFileList);
 
     void main() override;
 
@@ -28,9 +25,6 @@ public:
     OutputOperationTypeEnum type() const override { return OutputOperationTypeEnum::resorting; }
     bool indeterminateProgress() const override { return true; }
 
-    std::uint64_t scanNumber() const { return scanNumber_; }
-    const std::shared_ptr<const DataModelSnapshot>& dataModelSnapshot() const { return snapshot_; }
-
     /// The result; there once the owner is told.
     std::shared_ptr<const FlatFileList> resortedFlatFileList() const { return resorted_; }
 
@@ -38,7 +32,6 @@ private:
     StageOwner& owner_;
     const std::shared_ptr<const DataModelSnapshot> snapshot_;
     const std::shared_ptr<const FlatFileList> flatFileList_;
-    const std::uint64_t scanNumber_;
     std::shared_ptr<const FlatFileList> resorted_;
 };
 

@@ -239,11 +239,11 @@ private:
         const OutputFormatIndexEnum index = request_.snapshot.outputFormat;
         const auto* format = formats::outputFormat(index);
         if (format == nullptr) {
-            // Only stored settings can ask for it.
-            return badFormat(
-                std::find_if(formatNames.begin(), formatNames.end(), [index](const auto& each) {
-                    return each.index == index;
-                })->name);
+            // The command line can't ask for it.
+            return "stored setting: " +
+                   badFormat(std::find_if(formatNames.begin(), formatNames.end(),
+                                          [index](const auto& each) { return each.index == index; })
+                                 ->name);
         }
         if (format->fileEncoding(request_.snapshot) != pipeline::TextEncoding::utf8) {
             return "setting \"encodingMode\": found " +
