@@ -21,12 +21,13 @@ bool leadsTo(const std::string& path, int file) {
 
 }  // namespace
 
-FileLock::FileLock(const std::string& path, std::chrono::milliseconds patience) {
+FileLock::FileLock(const std::string& path, std::chrono::milliseconds patience,
+                   const std::atomic<bool>& isHurried) {
     constexpr auto pause = std::chrono::milliseconds(2);
     const auto end = std::chrono::steady_clock::now() + patience;
     // A lock that is waited for in the kernel could not be given up.
     while ((error_ = tryOnce(path)) == EWOULDBLOCK) {
-        if (std::chrono::steady_clock::now() >= end) break;
+        if (isHurried || std::chrono::steady_clock::now() >= end) break;
         std::this_thread::sleep_for(pause);
     }
 }

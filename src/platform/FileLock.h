@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <atomic>
 #include <chrono>
 #include <string>
 
@@ -12,8 +13,9 @@ namespace marquell::platform {
 /// if need be and stays.
 class FileLock {
 public:
-    /// Tries for `patience` at most.
-    FileLock(const std::string& path, std::chrono::milliseconds patience);
+    /// Tries for `patience` at most, or until another thread sets `isHurried`.
+    FileLock(const std::string& path, std::chrono::milliseconds patience,
+             const std::atomic<bool>& isHurried);
 
     /// 0 if the lock is held, EWOULDBLOCK if somebody else held it all the time, or another errno.
     int error() const { return error_; }

@@ -16,9 +16,9 @@ public:
     virtual ~KeyValueObservable() = default;
 
     /// `observer` is called after each change of the key, on the thread that made the change and
-    /// before the changing call returns. Observers of a key are called in the order of their adding;
-    /// one that is added during a notification waits for the next, and a change made by an observer
-    /// is told in full before the notification goes on.
+    /// before the changing call returns. Observers of a key are called in the order of their
+    /// adding; one that is added during a notification waits for the next, and a change made by an
+    /// observer is told in full before the notification goes on.
     virtual ObserverId addObserver(const std::string& keyPath, Observer observer) = 0;
 
     /// The observer is not called any more, also by a notification that is under way on this

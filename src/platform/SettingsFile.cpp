@@ -44,19 +44,39 @@ int moveToFreeName(const std::string& path, const std::string& name) {
     return ::unlink(path.c_str()) != 0 ? errno : 0;
 }
 
-/// Moves what `path` leads to aside. Returns 0 with the new name in `name`, or errno.
-int setAside(const std::string& path, std::string& name) {
-    constexpr int maximumNumber = 1000;
-    const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.c_str(), nullptr),
-                                                           &std::free);
-    if (real == nullptr) return errno;
-    int error = EEXIST;
-    for (int number = 1; error == EEXIST && number <= maximumNumber; ++number) {
-        name = std::string(real.get()) + ".corrupt-" + std::to_string(number);
-        error = moveToFreeName(real.get(), name);
+/// What a path leads to, moved aside.
+class SetAside {
+public:
+    /// Returns 0 or errno.
+    int move(const std::string& path) {
+        constexpr int maximumNumber = 1000;
+        const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.c_str(), nullptr),
+                                                               &std::free);
+        if (real == nullptr) return errno;
+        place_ = real.get();
+        int error = EEXIST;
+        for (int number = 1; error == EEXIST && number <= maximumNumber; ++number) {
+            name_ = place_ + ".corrupt-" + std::to_string(number);
+            error = moveToFreeName(place_, name_);
+        }
+        isMoved_ = error == 0;
+        return error;
     }
-    return error;
-}
+
+    /// Whether it is where it was before; if not, it can't be helped.
+    bool moveBack() {
+        if (isMoved_) isMoved_ = moveToFreeName(name_, place_) != 0;
+        return !isMoved_;
+    }
+
+    bool isMoved() const { return isMoved_; }
+    const std::string& name() const { return name_; }
+
+private:
+    std::string place_;
+    std::string name_;
+    bool isMoved_ = false;
+};
 
 }  // namespace
 
@@ -120,7 +140,7 @@ SettingsFile::Outcome SettingsFile::save(const DefaultsChanges& changes) {
     if (const int error = makeFolder(folder); error != 0) {
         return failure("its folder can't be made: " + std::string(std::strerror(error)));
     }
-    const FileLock lock(lockOf(path_), patience_);
+    const FileLock lock(lockOf(path_), patience_, isHurried_);
     if (lock.error() == EWOULDBLOCK) return failure("another program keeps it locked");
     if (lock.error() != 0) {
         return failure("it can't be locked: " + std::string(std::strerror(lock.error())));
@@ -138,21 +158,23 @@ SettingsFile::Outcome SettingsFile::saveLocked(const DefaultsChanges& changes) {
         return failure(found.problem + "; settings are not saved");
     }
     std::string report;
+    SetAside setAside;
     if (found.state == Look::State::notUnderstood) {
-        std::string name;
-        if (const int error = setAside(path_, name); error != 0) {
+        if (const int error = setAside.move(path_); error != 0) {
             return failure(found.problem +
                            "; it can't be set aside: " + std::string(std::strerror(error)));
         }
-        report = failure(found.problem + "; it is now " + quoted(name)).report;
+        report = failure(found.problem + "; it is now " + quoted(setAside.name())).report;
     }
-    const bool isKept = report.empty();
-    const std::string& base = isKept ? found.text : lastKnown_;
+    const std::string& base = setAside.isMoved() ? lastKnown_ : found.text;
     std::string text = withChanges(base, changes);
-    if (text != base || !isKept) {
+    if (text != base || setAside.isMoved()) {
         const int error = writeFileAtomically(path_, text, ofThisUser);
-        if (error != 0)
-            return failure(std::string(std::strerror(error)) + "; changes are not saved");
+        if (error != 0) {
+            const bool isThere = setAside.moveBack();
+            return failure(std::string(std::strerror(error)) + "; changes are not saved" +
+                           (isThere ? "" : ", and it is now " + quoted(setAside.name())));
+        }
     }
     lastKnown_ = std::move(text);
     return {settingsIn(lastKnown_, found.problem), std::move(report)};

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <atomic>
 #include <chrono>
 #include <optional>
 #include <string>
@@ -32,6 +33,9 @@ public:
     /// was last known of the file.
     Outcome save(const DefaultsChanges& changes);
 
+    /// While true, a save that meets another one fails at once. Any thread.
+    void setHurried(bool isHurried) { isHurried_ = isHurried; }
+
     static std::string lockOf(const std::string& path) { return path + ".lock"; }
 
 private:
@@ -42,6 +46,7 @@ private:
 
     std::string path_;
     std::chrono::milliseconds patience_;
+    std::atomic<bool> isHurried_ = false;
     std::string lastKnown_{emptySettings};  ///< the last content that was understood
 };
 

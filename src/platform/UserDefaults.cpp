@@ -84,7 +84,10 @@ UserDefaults::UserDefaults(const std::string& file, ProblemReporter reportProble
 }
 
 UserDefaults::~UserDefaults() {
+    // Only one save, the last, may wait for others.
+    file_.setHurried(true);
     thread_.stop();
+    file_.setHurried(false);
     save();
 }
 

@@ -75,7 +75,7 @@ public:
     void removeObject(const std::string& forKey);
 
     /// Returns when all changes made before are in the file. False if they could not be written;
-    /// they are tried again with the next change and at the end.
+    /// they are tried again with the next change, every few seconds, and at the end.
     bool synchronize();
 
     ObserverId addObserver(const std::string& keyPath, Observer observer) override;

@@ -109,7 +109,8 @@ TEST_F(RunAheadTest, AnUnwantedStageReadsWhatIsStoredAndNothingElse) {
         unwanted = true;
         RunAhead ahead(files, columns, isUnwanted);
         std::size_t read = 0;
-        while (ahead.waitFor(read)) ++read;
+        while (read < files.size() && ahead.waitFor(read)) ++read;
+        ASSERT_LT(read, files.size());
         EXPECT_EQ(files[read]->absolutePath(), folder / "143") << "the first that is not stored";
         EXPECT_EQ(MetadataStorage::shared().itemCounter(), stored);
     }

@@ -153,19 +153,6 @@ TEST_F(OutputEngineTest, BeforeTheFirstListOnlyScansStart) {
     EXPECT_EQ(display.text, "missing," + root / "missing" + "\n");
 }
 
-TEST_F(OutputEngineTest, QuickChangesSaveOnlyTheLast) {
-    startWithFiles();
-    std::vector<bool> maySave;
-    for (int mode = 0; mode < 50; ++mode) {
-        model->linebreaksMode->setValue(mode % 2);
-        mainQueue.drain();
-        maySave.push_back(display.maySave && mode % 2 != (display.text.back() == '\r' ? 1 : 0));
-    }
-    settle();
-    EXPECT_THAT(maySave, testing::Each(false));
-    EXPECT_EQ(display.text.back(), '\r');
-}
-
 TEST_F(OutputEngineTest, MayGoAwayAtAnyTime) {
     startWithFiles();
     // In the midst of a stage, with changes queued and more to come.

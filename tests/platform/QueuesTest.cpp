@@ -83,8 +83,10 @@ TEST(OperationQueue, TellsWhatIsSupersededAndWhenNothingIsLeft) {
     std::vector<bool> superseded;
     OperationQueue queue("test");
     std::atomic<int> timesDrained = 0;
+    std::weak_ptr<Task> last;
     queue.setDrainedHandler([&] {
         EXPECT_TRUE(queue.isEmpty());
+        EXPECT_TRUE(last.expired()) << "what an operation holds is given back by then";
         ++timesDrained;
         drained.count_down();
     });
@@ -92,7 +94,11 @@ TEST(OperationQueue, TellsWhatIsSupersededAndWhenNothingIsLeft) {
         added.wait();
         superseded.push_back(self.isSuperseded());
     };
-    for (int i = 0; i < 3; ++i) queue.addOperation(task(note));
+    for (int i = 0; i < 3; ++i) {
+        const auto next = task(note);
+        queue.addOperation(next);
+        last = next;
+    }
     added.count_down();
     drained.wait();
     EXPECT_THAT(superseded, ElementsAre(true, true, false));

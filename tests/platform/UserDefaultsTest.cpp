@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/inotify.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include <atomic>
 #include <chrono>
 #include <cmath>
+#include <csignal>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
@@ -22,7 +23,6 @@
 #include <utility>
 #include <vector>
 
-#include "platform/FileDescriptor.h"
 #include "platform/FileLock.h"
 #include "platform/MainQueue.h"
 #include "platform/Surroundings.h"
@@ -246,20 +246,6 @@ TEST_F(UserDefaultsTest, MakesAFileForTheUserAlone) {
 )");
 }
 
-TEST_F(UserDefaultsTest, TellsObserversOfEveryWrite) {
-    const auto store = open();
-    std::string calls;
-    store->addObserver("other", [&] { calls += 'o'; });
-    const auto first = store->addObserver("key", [&] { calls += '1'; });
-    store->addObserver("key", [&] { calls += '2'; });
-    store->setObject(whole(1), "key");
-    store->setObject(whole(1), "key");
-    store->removeObserver(first);
-    store->removeObject("key");
-    store->registerDefault("key", whole(2));
-    EXPECT_EQ(calls, "12122");
-}
-
 TEST_F(UserDefaultsTest, AllowsObserversToDoAnything) {
     auto store = open();
     std::vector<std::string> calls;
@@ -355,6 +341,26 @@ TEST_F(UserDefaultsTest, SetsAsideWhatItDoesNotUnderstand) {
     EXPECT_TRUE(std::filesystem::is_symlink(file_));
 }
 
+TEST_F(UserDefaultsTest, PutsBackWhatItCanNotReplace) {
+    tests::writeFile(file_, R"({"settings": {"known": 1}})");
+    const auto store = open();
+    tests::writeFile(file_, "{");
+    store->setObject(whole(2), "key");
+    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit old = {};
+    ::getrlimit(RLIMIT_FSIZE, &old);
+    const rlimit full = {1, old.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &full);  // as good as a full disk
+    const bool isSaved = store->synchronize();
+    ::setrlimit(RLIMIT_FSIZE, &old);
+    EXPECT_FALSE(isSaved);
+    EXPECT_EQ(tests::contentOf(file_), "{");
+    EXPECT_THAT(others(), IsEmpty());
+    EXPECT_TRUE(store->synchronize());
+    EXPECT_EQ(stored(), Json::parse(R"({"known": 1, "key": 2})"));
+    std::signal(SIGXFSZ, oldHandler);
+}
+
 TEST_F(UserDefaultsTest, LeavesAloneWhatItCanNotRead) {
     const std::string large = folder_ / "large";
     tests::writeFile(large, R"({"settings": {}})");
@@ -395,7 +401,8 @@ TEST_F(UserDefaultsTest, LeavesAloneWhatItCanNotRead) {
 
 TEST_F(UserDefaultsTest, WritesLaterWhatALockOrAFolderKeptFromTheFile) {
     auto store = open();
-    auto lock = std::make_unique<FileLock>(SettingsFile::lockOf(file_), 0ms);
+    const std::atomic<bool> isHurried = false;
+    auto lock = std::make_unique<FileLock>(SettingsFile::lockOf(file_), 0ms, isHurried);
     ASSERT_EQ(lock->error(), 0);
     store->setObject(whole(1), "a");
     EXPECT_FALSE(store->synchronize());
@@ -488,25 +495,6 @@ TEST_F(UserDefaultsTest, HearsOnlyOfValuesThatDiffer) {
     std::filesystem::remove(file_);
     EXPECT_TRUE(reaches([&] { return calls.size() >= 3; }));
     EXPECT_THAT(calls, ElementsAre("key", "no number", "own"));
-}
-
-TEST_F(UserDefaultsTest, HearsOfChangesWhereTheSystemRefusesToWatch) {
-    std::vector<FileDescriptor> all;
-    for (int left = 2000; left > 0; --left) {
-        FileDescriptor instance(::inotify_init1(IN_CLOEXEC));
-        if (!instance.isOpen()) break;
-        all.push_back(std::move(instance));
-    }
-    const FileDescriptor another(::inotify_init1(IN_CLOEXEC));
-    if (another.isOpen()) GTEST_SKIP() << "this system has no small limit of watches";
-    MainQueue::install(&queue_);
-    const auto store = open();
-    int calls = 0;
-    store->addObserver("key", [&] { ++calls; });
-    for (int value = 1; value <= 2; ++value) {
-        tests::writeFile(file_, R"({"settings": {"key": )" + std::to_string(value) + "}}");
-        EXPECT_TRUE(reaches([&] { return calls == value; }));
-    }
 }
 
 }  // namespace

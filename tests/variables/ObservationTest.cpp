@@ -10,7 +10,6 @@
 #include "platform/MainQueue.h"
 #include "platform/Surroundings.h"
 #include "platform/UserDefaults.h"
-#include "support/TestDefaultsStorage.h"
 #include "variables/Debouncer.h"
 #include "variables/KVOResponder.h"
 #include "variables/Streams.h"
@@ -92,21 +91,6 @@ TEST(Debouncer, RunsTheLastActionOfABurst) {
     queue.advance(2s);
     EXPECT_THAT(order, ElementsAre(3)) << "its owner has gone";
     platform::MainQueue::install(nullptr);
-}
-
-TEST(DefaultsStorage, TellsStoredFromRegisteredValues) {
-    tests::TestDefaultsStorage storage;
-    EXPECT_FALSE(storage.defined("a"));
-    EXPECT_EQ(storage.getInteger("a"), 0);
-    storage.store(2, "a");
-    storage.registerDefault(3, "a");
-    storage.registerDefault(2.5, "b");
-    storage.store(std::vector<std::any>{true, 1}, "c");
-    EXPECT_EQ(storage.getInteger("a"), 2);
-    EXPECT_EQ(storage.getTimeInterval("b"), 2.5);
-    EXPECT_FALSE(storage.getBoolean("b"));
-    EXPECT_EQ(storage.getArray("c")->size(), 2U);
-    EXPECT_FALSE(storage.getArray("a"));
 }
 
 }  // namespace

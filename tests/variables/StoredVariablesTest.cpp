@@ -44,23 +44,6 @@ TEST_F(StoredVariables, LiveInTheStoreAlone) {
     EXPECT_THAT(heard, ElementsAre(6, 6, 7, 1, 1, 1)) << "what is no number is the default";
 }
 
-TEST_F(StoredVariables, HoldEveryKindOfValue) {
-    UserDefaultsVariable<bool> flag("flag", true, defaults);
-    defaults->setObject(0, "flag");
-    EXPECT_FALSE(flag.value());
-    defaults->setObject(2, "flag");
-    EXPECT_TRUE(flag.value());
-    UserDefaultsVariable<double> height("height", 150.0, defaults);
-    defaults->setObject(200, "height");
-    EXPECT_EQ(height.value(), 200.0);
-    UserDefaultsVariable<platform::TextList> list("list", {"a"}, defaults);
-    list.setValue({});
-    EXPECT_THAT(list.value(), ElementsAre());
-    UserDefaultsVariable<std::string> text("text", "a", defaults);
-    defaults->setObject(std::vector<std::string>{"b"}, "text");
-    EXPECT_EQ(text.value(), "a");
-}
-
 TEST_F(StoredVariables, StoreEnumerationsAsTheirRawValue) {
     RawRepresentableUserDefaultsVariable<OutputFormatIndexEnum> format(
         "key", OutputFormatIndexEnum::TSV, defaults);
