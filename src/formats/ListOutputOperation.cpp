@@ -13,9 +13,7 @@ namespace {
 using pipeline::Column;
 using pipeline::Node;
 
-std::vector<Column> columnsOf(const platform::TextList& ids) {
-    return {ids.begin(), ids.end()};
-}
+std::vector<Column> columnsOf(const platform::TextList& ids) { return {ids.begin(), ids.end()}; }
 
 /// A value's text by the item formatter.
 struct CellText {
