@@ -92,6 +92,11 @@ private:
 };
 
 std::optional<Json> documentIn(std::string_view text, std::string& problem) {
+    // The parser would take it for the end and what follows would be lost.
+    if (text.find('\0') != std::string_view::npos) {
+        problem = "found a NUL byte, expected JSON";
+        return std::nullopt;
+    }
     Inspection inspection(text);
     if (!Json::sax_parse(text, &inspection)) {
         problem = inspection.problem();

@@ -122,13 +122,21 @@ SettingsFile::Outcome SettingsFile::failure(const std::string& reason) const {
     return {std::nullopt, "settings file " + quoted(path_) + ": " + reason};
 }
 
-SettingsFile::Outcome SettingsFile::read() {
+/// A second look, a moment later, at what was not understood: an editor may be writing it.
+SettingsFile::Look SettingsFile::lookTwice() const {
     Look found = look();
+    if (found.state != Look::State::notUnderstood) return found;
+    std::this_thread::sleep_for(secondLookDelay);
+    return look();
+}
+
+SettingsFile::Outcome SettingsFile::read() {
+    Look found = lookTwice();
     switch (found.state) {
         case Look::State::notUnderstood:
             return failure(found.problem + "; it is disregarded");
         case Look::State::notReadable:
-            return failure(found.problem + "; settings are not saved");
+            return failure(found.problem + "; it is left alone");
         default:
             lastKnown_ = std::move(found.text);
             return {std::move(found.values), {}};
@@ -149,13 +157,9 @@ SettingsFile::Outcome SettingsFile::save(const DefaultsChanges& changes) {
 }
 
 SettingsFile::Outcome SettingsFile::saveLocked(const DefaultsChanges& changes) {
-    Look found = look();
-    if (found.state == Look::State::notUnderstood) {
-        std::this_thread::sleep_for(secondLookDelay);
-        found = look();
-    }
+    Look found = lookTwice();
     if (found.state == Look::State::notReadable) {
-        return failure(found.problem + "; settings are not saved");
+        return failure(found.problem + "; it is left alone");
     }
     std::string report;
     SetAside setAside;

@@ -41,6 +41,7 @@ public:
 private:
     struct Look;
     Look look() const;
+    Look lookTwice() const;
     Outcome saveLocked(const DefaultsChanges& changes);
     Outcome failure(const std::string& reason) const;
 
