@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/TextEncoding.h"
 #include "platform/TextList.h"
 
 namespace marquell::pipeline {
@@ -18,18 +19,7 @@ enum class OutputFormatIndexEnum : int {
 /// Whether the value is one of the cases, whatever number it was made from.
 bool isCase(OutputFormatIndexEnum value);
 
-enum class TextEncoding {
-    utf8,
-    utf16,  ///< little-endian behind a byte order mark
-    macOSRoman,
-    utf16BigEndian,
-    utf16LittleEndian,
-    isoLatin1,
-    isoLatin2,
-    iso2022JP,
-    japaneseEUC,
-    shiftJIS,
-};
+using platform::TextEncoding;
 
 /// Every parameter of one run. Stages read nothing else, so that a run goes on with the settings
 /// that it started with; once handed to a stage it is not changed. The initial values are those of
