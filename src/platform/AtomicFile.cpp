@@ -9,13 +9,11 @@
 #include <cerrno>
 #include <charconv>
 #include <climits>
-#include <cstdlib>
-#include <memory>
 #include <optional>
 #include <random>
 
-#include "platform/DescriptorIo.h"
 #include "platform/FileDescriptor.h"
+#include "platform/FileSystem.h"
 #include "platform/Path.h"
 
 namespace marquell::platform {
@@ -29,20 +27,16 @@ std::string folderOf(const std::string& path) {
     return path.substr(0, std::max<std::size_t>(slash, 1));
 }
 
-std::string realPath(const std::string& path) {
-    const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.c_str(), nullptr),
-                                                           &std::free);
-    return real == nullptr ? std::string() : real.get();
-}
-
 /// The open descriptor of ours that /dev/fd/3 and the like stand for.
 std::optional<int> ownDescriptor(const std::string& path) {
-    const std::string folder = realPath(folderOf(path));
-    if (folder.empty() || folder != realPath("/proc/self/fd")) return std::nullopt;
+    int error = 0;
+    const std::optional<std::string> folder = realPath(folderOf(path), error);
+    if (!folder || folder != realPath("/proc/self/fd", error)) return std::nullopt;
     int descriptor = -1;
     const std::string_view name = lastPathComponent(path);
-    const auto [stop, error] = std::from_chars(name.data(), name.data() + name.size(), descriptor);
-    if (error != std::errc() || stop != name.data() + name.size()) return std::nullopt;
+    const char* end = name.data() + name.size();
+    const auto [stop, fault] = std::from_chars(name.data(), end, descriptor);
+    if (fault != std::errc() || stop != end) return std::nullopt;
     return descriptor;
 }
 
@@ -64,10 +58,14 @@ std::optional<std::string> resolveLinks(std::string path) {
     return std::nullopt;
 }
 
-int writeStraight(const std::string& path, std::string_view bytes) {
+int writeTo(int descriptor, const ByteSource& source) {
+    return source([descriptor](std::string_view bytes) { return writeAll(descriptor, bytes); });
+}
+
+int writeStraight(const std::string& path, const ByteSource& source) {
     FileDescriptor file(::open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY));
     if (!file.isOpen()) return errno;
-    const int error = writeAll(file.get(), bytes);
+    const int error = writeTo(file.get(), source);
     return ::close(file.release()) != 0 && error == 0 ? errno : error;
 }
 
@@ -102,8 +100,8 @@ public:
     /// errno of the creation; the other operations need 0.
     int error() const { return error_; }
 
-    int write(std::string_view bytes) const {
-        if (const int error = writeAll(file_.get(), bytes); error != 0) return error;
+    int write(const ByteSource& source) const {
+        if (const int error = writeTo(file_.get(), source); error != 0) return error;
         return ::fsync(file_.get()) != 0 ? errno : 0;
     }
 
@@ -166,29 +164,35 @@ private:
     int error_ = 0;
 };
 
-int replaceFile(const std::string& path, const struct stat* old, std::string_view bytes,
+int replaceFile(const std::string& path, const struct stat* old, const ByteSource& source,
                 const AtomicWriting& how) {
     // An old file's content may not leak before the new one has its mode.
     TemporaryFile file(path, old == nullptr ? how.newMode : 0600, how.isAlone);
     if (file.error() != 0) return file.error();
-    if (const int error = file.write(bytes); error != 0) return error;
+    if (const int error = file.write(source); error != 0) return error;
     const int modeError = old != nullptr ? file.takeModeOf(*old) : 0;
     return modeError != 0 ? modeError : file.rename();
 }
 
 }  // namespace
 
-int writeFileAtomically(const std::string& path, std::string_view bytes, const AtomicWriting& how) {
+int writeFileAtomically(const std::string& path, const ByteSource& source,
+                        const AtomicWriting& how) {
     const std::optional<std::string> target = resolveLinks(path);
     if (!target) return ELOOP;
-    if (const auto descriptor = ownDescriptor(*target)) return writeAll(*descriptor, bytes);
+    if (const auto descriptor = ownDescriptor(*target)) return writeTo(*descriptor, source);
     struct stat old = {};
     if (::stat(target->c_str(), &old) != 0) {
-        return errno == ENOENT ? replaceFile(*target, nullptr, bytes, how) : errno;
+        return errno == ENOENT ? replaceFile(*target, nullptr, source, how) : errno;
     }
     if (S_ISDIR(old.st_mode)) return EISDIR;
-    if (!S_ISREG(old.st_mode)) return writeStraight(*target, bytes);
-    return replaceFile(*target, &old, bytes, how);
+    if (!S_ISREG(old.st_mode)) return writeStraight(*target, source);
+    return replaceFile(*target, &old, source, how);
+}
+
+int writeFileAtomically(const std::string& path, std::string_view bytes, const AtomicWriting& how) {
+    const ByteSource source = [bytes](const ByteSink& sink) { return sink(bytes); };
+    return writeFileAtomically(path, source, how);
 }
 
 int destinationError(const std::string& path) {

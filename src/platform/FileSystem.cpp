@@ -8,6 +8,7 @@
 
 #include <cerrno>
 #include <climits>
+#include <cstdlib>
 #include <cstring>
 #include <ctime>
 #include <memory>
@@ -157,6 +158,16 @@ std::optional<EntryAttributes> attributesOf(const std::string& path, int& error)
     if ((status.stx_mask & STATX_BTIME) != 0) attributes.creation = dateOf(status.stx_btime);
     if ((status.stx_mask & STATX_MTIME) != 0) attributes.modification = dateOf(status.stx_mtime);
     return attributes;
+}
+
+std::optional<std::string> realPath(const std::string& path, int& error) {
+    const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.c_str(), nullptr),
+                                                           &std::free);
+    if (real == nullptr) {
+        error = errno;
+        return std::nullopt;
+    }
+    return real.get();
 }
 
 FileDescriptor openPath(const std::string& path, int flags, int& error) {

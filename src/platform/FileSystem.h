@@ -33,6 +33,10 @@ struct EntryAttributes {
 /// Absent on failure, with errno in `error`.
 std::optional<EntryAttributes> attributesOf(const std::string& path, int& error);
 
+/// The path of what a path leads to, with all links resolved. Absent on failure, with errno in
+/// `error`; ENAMETOOLONG for paths that would have to be reached in pieces.
+std::optional<std::string> realPath(const std::string& path, int& error);
+
 /// Opens a path with `flags` (O_CLOEXEC is added). Not open on failure, with errno in `error`.
 FileDescriptor openPath(const std::string& path, int flags, int& error);
 

@@ -7,9 +7,7 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
-#include <memory>
 #include <thread>
 #include <utility>
 
@@ -50,11 +48,11 @@ public:
     /// Returns 0 or errno.
     int move(const std::string& path) {
         constexpr int maximumNumber = 1000;
-        const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.c_str(), nullptr),
-                                                               &std::free);
-        if (real == nullptr) return errno;
-        place_ = real.get();
-        int error = EEXIST;
+        int error = 0;
+        std::optional<std::string> place = realPath(path, error);
+        if (!place) return error;
+        place_ = std::move(*place);
+        error = EEXIST;
         for (int number = 1; error == EEXIST && number <= maximumNumber; ++number) {
             name_ = place_ + ".corrupt-" + std::to_string(number);
             error = moveToFreeName(place_, name_);
