@@ -37,10 +37,11 @@ std::size_t fourByteLength(std::string_view bytes) {
     return valid ? 4 : 0;
 }
 
-/// Length of the ASCII run at the start of `bytes`; eight bytes a step, since nearly every name
-/// is all ASCII.
-std::size_t asciiPrefix(std::string_view bytes) {
+}  // namespace
+
+std::size_t asciiLength(std::string_view bytes) {
     std::size_t index = 0;
+    // Eight bytes a step, since nearly every name is all ASCII.
     for (; index + 8 <= bytes.size(); index += 8) {
         std::uint64_t word = 0;
         std::memcpy(&word, bytes.data() + index, 8);
@@ -50,9 +51,7 @@ std::size_t asciiPrefix(std::string_view bytes) {
     return index;
 }
 
-}  // namespace
-
-bool isAscii(std::string_view bytes) { return asciiPrefix(bytes) == bytes.size(); }
+bool isAscii(std::string_view bytes) { return asciiLength(bytes) == bytes.size(); }
 
 std::size_t utf8SequenceLength(std::string_view bytes) {
     const unsigned char lead = byteAt(bytes, 0);
@@ -64,7 +63,7 @@ std::size_t utf8SequenceLength(std::string_view bytes) {
 
 bool isValidUtf8(std::string_view bytes) {
     for (;;) {
-        bytes.remove_prefix(asciiPrefix(bytes));
+        bytes.remove_prefix(asciiLength(bytes));
         if (bytes.empty()) return true;
         const std::size_t length = utf8SequenceLength(bytes);
         if (length == 0) return false;

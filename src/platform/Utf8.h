@@ -7,6 +7,9 @@
 
 namespace marquell::platform {
 
+/// Length of the ASCII run at the start.
+std::size_t asciiLength(std::string_view bytes);
+
 bool isAscii(std::string_view bytes);
 
 /// Length in bytes (1 to 4) of the well-formed UTF-8 sequence at the start of `bytes`, which must
