@@ -96,28 +96,9 @@ std::string stringByExpandingAllNumberGroups(std::string_view text) {
     return result;
 }
 
-bool hasLineBreakOrTab(std::string_view text) {
-    return text.find_first_of("\n\r\t") != std::string_view::npos;
-}
-
 std::string withEncodedLineBreaksAndTabs(std::string_view text) {
     std::string encoded;
-    encoded.reserve(text.size() + 8);
-    for (const char c : text) {
-        switch (c) {
-            case '\n':
-                encoded.append("\\n");
-                break;
-            case '\r':
-                encoded.append("\\r");
-                break;
-            case '\t':
-                encoded.append("\\t");
-                break;
-            default:
-                encoded.push_back(c);
-        }
-    }
+    lineBreakAndTabEscapes.append(encoded, text);
     return encoded;
 }
 

@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/Escapes.h"
+
 namespace marquell::pipeline {
 
 // All of these take and give UTF-8.
@@ -17,9 +19,9 @@ void appendByExpandingAllNumberGroups(std::string& result, std::string_view text
 
 /// Line feeds, carriage returns and tabs as backslash and letter. Backslashes are not doubled.
 std::string withEncodedLineBreaksAndTabs(std::string_view text);
-
-/// Whether withEncodedLineBreaksAndTabs would change the text.
-bool hasLineBreakOrTab(std::string_view text);
+/// What it replaces, for formats that have more to escape.
+inline constexpr platform::Escapes lineBreakAndTabEscapes = {
+    {'\n', "\\n"}, {'\r', "\\r"}, {'\t', "\\t"}};
 
 /// The elements, newline characters trimmed from both ends of each, with ", " between them.
 std::string asCommaSeparatedString(const std::vector<std::string>& elements);

@@ -11,7 +11,7 @@
 
 namespace marquell::platform {
 
-/// A text that is only ever appended to. It holds at most an eighth more than its size, and growing
+/// A text that grows at its end. It holds at most an eighth more than its size, and growing
 /// a large one moves pages instead of copying bytes, which std::string can't do: at 100 MB its
 /// doubling costs both.
 class TextBuffer {
@@ -26,6 +26,9 @@ public:
         if (capacity_ == size_) grow(1);
         bytes_.get()[size_++] = character;
     }
+
+    /// Empties it and keeps its memory.
+    void clear() { size_ = 0; }
 
     std::string_view view() const { return {bytes_.get(), size_}; }
     std::size_t size() const { return size_; }

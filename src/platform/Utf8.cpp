@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/Utf8.h"
 
+#include <array>
 #include <cstdint>
 #include <cstring>
 
@@ -91,6 +92,19 @@ char32_t firstCodePoint(std::string_view text) {
         codePoint = (codePoint << 6) | (byteAt(text, i) & 0x3FU);
     }
     return codePoint;
+}
+
+std::string utf8Text(char32_t codePoint) {
+    constexpr std::array<unsigned char, 4> leads = {0x00, 0xC0, 0xE0, 0xF0};
+    constexpr std::array<char32_t, 4> limits = {0x80, 0x800, 0x10000, 0x110000};
+    std::size_t length = 1;
+    while (length < 4 && codePoint >= limits[length - 1]) ++length;
+    std::string text(length, '\0');
+    for (std::size_t i = length; i-- > 1; codePoint >>= 6) {
+        text[i] = static_cast<char>(0x80 | (codePoint & 0x3F));
+    }
+    text[0] = static_cast<char>(leads[length - 1] | codePoint);
+    return text;
 }
 
 }  // namespace marquell::platform

@@ -25,4 +25,7 @@ std::string displayText(std::string_view bytes);
 /// The code point at the start of well-formed, non-empty UTF-8 text.
 char32_t firstCodePoint(std::string_view text);
 
+/// A code point (no surrogate) as a text.
+std::string utf8Text(char32_t codePoint);
+
 }  // namespace marquell::platform
