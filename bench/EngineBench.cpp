@@ -74,7 +74,7 @@ public:
         model().processSubFolders->setValue(true);
         model().columnList.insertAtRow(2, {"size_in_bytes", "creation_date", "modification_date"});
         model().sourceList.add({(here_.folder / "files").string()}, false);
-        engine_ = std::make_unique<pipeline::OutputEngine>(model());
+        engine_ = std::make_unique<pipeline::OutputEngine>(model(), pasteboard_);
         engine_->setDisplay(this);
         engine_->startListening();
         runToRest();
@@ -96,10 +96,12 @@ public:
         maySave_ = maySave;
     }
     void allowSaving() override { maySave_ = true; }
+    std::optional<std::string> showSaveDialog() override { return std::nullopt; }
     void updateTable(std::shared_ptr<const pipeline::FlatFileList>) override {}
 
 private:
     Surroundings here_;
+    platform::MemoryPasteboard pasteboard_;
     std::unique_ptr<pipeline::OutputEngine> engine_;
     bool maySave_ = false;
 };

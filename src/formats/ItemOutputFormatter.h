@@ -11,10 +11,13 @@
 
 namespace marquell::formats {
 
-/// Values as the settings of a list have them. The formats differ only in the setting that their
-/// dates follow, so each has a constructor of its own below and nothing else.
+/// Values as the settings of a list have them. All formats but JSON use it as it is, their
+/// dates following dateFormatMode.
 class ItemOutputFormatter : public MetadataItemFormatterType {
 public:
+    explicit ItemOutputFormatter(const pipeline::DataModelSnapshot& snapshot)
+        : ItemOutputFormatter(snapshot, snapshot.dateFormatMode) {}
+
     std::string formatDate(const platform::Date& date) override;
     std::string formatNullValue() override { return std::string(nullText_); }
     std::string formatBoolValue(bool value) override;
@@ -31,10 +34,10 @@ private:
     std::string_view falseText_;
 };
 
-class CSVItemOutputFormatter final : public ItemOutputFormatter {
+class JSONItemOutputFormatter final : public ItemOutputFormatter {
 public:
-    explicit CSVItemOutputFormatter(const pipeline::DataModelSnapshot& snapshot)
-        : ItemOutputFormatter(snapshot, snapshot.dateFormatMode) {}
+    explicit JSONItemOutputFormatter(const pipeline::DataModelSnapshot& snapshot)
+        : ItemOutputFormatter(snapshot, snapshot.jsonDateFormatMode) {}
 };
 
 }  // namespace marquell::formats

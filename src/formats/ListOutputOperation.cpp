@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "formats/ListOutputOperation.h"
 
+#include <optional>
 #include <utility>
 #include <variant>
 
@@ -12,24 +13,36 @@ namespace {
 
 using pipeline::Column;
 using pipeline::Node;
+using platform::TextBuffer;
 
 std::vector<Column> columnsOf(const platform::TextList& ids) { return {ids.begin(), ids.end()}; }
 
-/// A value's text by the item formatter.
-struct CellText {
+/// A value as a cell by the item formatter. The text is put into `storage`.
+struct CellReader {
     MetadataItemFormatterType& formatter;
+    std::string& storage;
 
-    std::string operator()(metadata::StringValue& text) const { return std::move(text); }
-    std::string operator()(const metadata::DateValue& date) const {
-        return formatter.formatDate(date);
+    Cell operator()(metadata::StringValue& text) const {
+        return cell(std::move(text), CellKind::text);
     }
-    std::string operator()(metadata::BoolValue value) const {
-        return formatter.formatBoolValue(value);
+    Cell operator()(const metadata::DateValue& date) const {
+        return cell(formatter.formatDate(date), CellKind::date);
     }
-    std::string operator()(metadata::NSInteger value) const {
-        return formatter.formatNumber(value);
+    Cell operator()(metadata::BoolValue value) const {
+        return cell(formatter.formatBoolValue(value), value ? CellKind::isTrue : CellKind::isFalse);
     }
-    std::string operator()(metadata::None) const { return formatter.formatNullValue(); }
+    Cell operator()(metadata::NSInteger value) const {
+        return cell(formatter.formatNumber(value), CellKind::number);
+    }
+    Cell operator()(metadata::None) const {
+        return cell(formatter.formatNullValue(), CellKind::missing);
+    }
+
+private:
+    Cell cell(std::string&& text, CellKind kind) const {
+        storage = std::move(text);
+        return {storage, kind};
+    }
 };
 
 }  // namespace
@@ -48,21 +61,66 @@ ListOutputOperation::ListOutputOperation(
 
 void ListOutputOperation::main() {
     if (isCancelled()) return;
-    appendStart(*text_);
-    if (appendRows()) owner_.outputOperationFinished(*this);
+    const bool isWhole = appendAll(*text_, [](auto, auto) { return false; });
+    if (isWhole) owner_.outputOperationFinished(*this);
 }
 
-/// False if the operation was given up on the way.
-bool ListOutputOperation::appendRows() {
+/// Makes the text once more until it is long enough. Keeping all places for this rare question
+/// would cost memory in each run.
+TextPlace ListOutputOperation::placeOf(std::size_t offset) {
+    TextPlace place;
+    TextBuffer text;
+    std::size_t passed = 0;
+    appendAll(text, [&](std::optional<std::size_t> row, std::size_t column) {
+        passed += text.size();
+        text.clear();
+        if (passed <= offset) return false;
+        place = {row, row ? flatFileList_->files[*row].get() : nullptr, columns_[column].id};
+        return true;
+    });
+    return place;
+}
+
+/// After each title and cell asks `isEnough(row, column)`, without a row for a title, whether to
+/// stop there. False if it said so, or if the operation was given up on the way.
+template <typename Watch>
+bool ListOutputOperation::appendAll(TextBuffer& text, const Watch& isEnough) {
+    appendStart(text);
+    if (hasTitles() && !appendTitles(text, isEnough)) return false;
     metadata::RunAhead ahead(flatFileList_->files, columns_, [this] { return isSuperseded(); });
-    for (std::size_t row = 0; row < flatFileList_->files.size(); ++row) {
+    const std::size_t count = flatFileList_->files.size();
+    for (std::size_t row = 0; row < count; ++row) {
         if (isAbandoned()) return false;
         pipeline::prefetchAhead(flatFileList_->files, row);
         if (!ahead.waitFor(row)) return false;
         readCells(*flatFileList_->files[row]);
-        appendRow(*text_, cells_);
+        if (!appendRow(text, row, isEnough)) return false;
         rowsDone_.store(row + 1, std::memory_order_relaxed);
     }
+    appendEnd(text);
+    return true;
+}
+
+template <typename Watch>
+bool ListOutputOperation::appendTitles(TextBuffer& text, const Watch& isEnough) const {
+    appendRowStart(text);
+    for (std::size_t column = 0; column < columns_.size(); ++column) {
+        appendTitle(text, column);
+        if (isEnough(std::nullopt, column)) return false;
+    }
+    appendRowEnd(text, false);
+    return true;
+}
+
+template <typename Watch>
+bool ListOutputOperation::appendRow(TextBuffer& text, std::size_t row,
+                                    const Watch& isEnough) const {
+    appendRowStart(text);
+    for (std::size_t column = 0; column < columns_.size(); ++column) {
+        appendCell(text, column, cells_[column]);
+        if (isEnough(row, column)) return false;
+    }
+    appendRowEnd(text, row + 1 == flatFileList_->files.size());
     return true;
 }
 
@@ -72,15 +130,13 @@ void ListOutputOperation::readCells(Node& node) {
     }
 }
 
-std::string_view ListOutputOperation::readCell(Node& node, const Column& column,
-                                               std::string& storage) {
+Cell ListOutputOperation::readCell(Node& node, const Column& column, std::string& storage) {
     if (column.origin == Column::Origin::path && node.isText()) {
         // The view into the node saves a copy for the columns that most lists consist of.
-        if (const auto part = column.pathPart(node)) return *part;
+        if (const auto part = column.pathPart(node)) return {*part, CellKind::text};
     }
     metadata::WrappedMetaDataValue value = node.getWrappedValueSync(column);
-    storage = std::visit(CellText{*itemFormatter_}, value);
-    return storage;
+    return std::visit(CellReader{*itemFormatter_, storage}, value);
 }
 
 }  // namespace marquell::formats

@@ -4,11 +4,10 @@
 #include <atomic>
 #include <cstddef>
 #include <memory>
-#include <span>
 #include <string>
-#include <string_view>
 #include <vector>
 
+#include "formats/Cell.h"
 #include "formats/MetadataItemFormatterType.h"
 #include "formats/OutputFormatType.h"
 #include "pipeline/Column.h"
@@ -21,6 +20,13 @@ namespace marquell::formats {
 /// on to the end of the list, so that a text is never cut short. But superseded it ends without a
 /// word where a value is not stored yet: nobody is to wait for files that no list asks for any
 /// more.
+///
+/// A format says what each piece of the text looks like. The pieces are, in this order:
+///
+///     start
+///     row start, title of each column, row end     if there are titles
+///     row start, cell of each column, row end      of each node
+///     end
 class ListOutputOperation : public OutputFormatOperationType {
 public:
     void main() override;
@@ -35,6 +41,7 @@ public:
     bool indeterminateProgress() const override { return false; }
     std::shared_ptr<const platform::TextBuffer> outputString() const override { return text_; }
     const pipeline::DataModelSnapshot& dataModelSnapshot() const override { return *snapshot_; }
+    TextPlace placeOf(std::size_t offset) override;
 
 protected:
     ListOutputOperation(std::shared_ptr<const pipeline::DataModelSnapshot> dataModelSnapshot,
@@ -42,19 +49,26 @@ protected:
                         std::shared_ptr<const pipeline::FlatFileList> flatFileList,
                         std::unique_ptr<MetadataItemFormatterType> itemFormatter);
 
-    /// Appends what comes before the first row.
-    virtual void appendStart(platform::TextBuffer& text) = 0;
-    /// Appends a row. The cells are valid UTF-8, in the order of the columns, and good until the
-    /// call returns.
-    virtual void appendRow(platform::TextBuffer& text, std::span<const std::string_view> cells) = 0;
+    virtual void appendStart(platform::TextBuffer&) const {}
+    virtual bool hasTitles() const { return false; }
+    virtual void appendTitle(platform::TextBuffer&, std::size_t /*column*/) const {}
+    virtual void appendRowStart(platform::TextBuffer&) const {}
+    virtual void appendCell(platform::TextBuffer& text, std::size_t column,
+                            const Cell& cell) const = 0;
+    virtual void appendRowEnd(platform::TextBuffer& text, bool isLast) const = 0;
+    virtual void appendEnd(platform::TextBuffer&) const {}
 
     const std::vector<pipeline::Column>& columns() const { return columns_; }
 
 private:
-    bool appendRows();
+    template <typename Watch>
+    bool appendAll(platform::TextBuffer& text, const Watch& isEnough);
+    template <typename Watch>
+    bool appendTitles(platform::TextBuffer& text, const Watch& isEnough) const;
+    template <typename Watch>
+    bool appendRow(platform::TextBuffer& text, std::size_t row, const Watch& isEnough) const;
     void readCells(pipeline::Node& node);
-    std::string_view readCell(pipeline::Node& node, const pipeline::Column& column,
-                              std::string& storage);
+    Cell readCell(pipeline::Node& node, const pipeline::Column& column, std::string& storage);
 
     pipeline::StageOwner& owner_;
     const std::shared_ptr<const pipeline::DataModelSnapshot> snapshot_;
@@ -64,7 +78,7 @@ private:
     std::shared_ptr<platform::TextBuffer> text_ =
         platform::makeDisposedOnWorker<platform::TextBuffer>();
     std::atomic<std::size_t> rowsDone_ = 0;
-    std::vector<std::string_view> cells_;
+    std::vector<Cell> cells_;
     std::vector<std::string> cellStorage_;
 };
 

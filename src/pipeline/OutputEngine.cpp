@@ -9,8 +9,8 @@
 
 namespace marquell::pipeline {
 
-OutputEngine::OutputEngine(DataModel& dataModel, FormatLookup formatLookup)
-    : dataModel_(dataModel), formatLookup_(std::move(formatLookup)) {
+OutputEngine::OutputEngine(DataModel& dataModel, platform::Pasteboard& pasteboard)
+    : dataModel_(dataModel), pasteboard_(pasteboard) {
     outputCompletePublisher.addColdListener([this](bool ready) { outputIsReady(ready); });
     operationQueue_.setDrainedHandler(
         [this] { postToMain([](OutputEngine& engine) { engine.queueIsDrained(); }); });
@@ -87,9 +87,8 @@ void OutputEngine::addReSortOperation() {
 }
 
 void OutputEngine::addOutputOperation() {
-    const formats::OutputFormatType* format = formatLookup_(newestSnapshot_->outputFormat);
-    if (format == nullptr) return;
-    add(format->getOutputOperation(newestSnapshot_, *this, flatFileList_));
+    add(formats::outputFormat(newestSnapshot_->outputFormat)
+            .getOutputOperation(newestSnapshot_, *this, flatFileList_));
 }
 
 /// False if the system refuses the queue its thread.
@@ -129,7 +128,7 @@ void OutputEngine::outputOperationFinished(formats::OutputFormatOperationType& o
     {
         const std::lock_guard lock(mutex_);
         currentOutput_ = {outputOperation.outputString(),
-                          formatLookup_(outputOperation.dataModelSnapshot().outputFormat)};
+                          &formats::outputFormat(outputOperation.dataModelSnapshot().outputFormat)};
         currentFileCount_ = outputOperation.totalFileCount();
     }
     outputCompletePublisher.setValue(true);
@@ -154,9 +153,35 @@ OutputEngineViewModel OutputEngine::createOutputEngineViewModel() const {
     return model;
 }
 
-std::shared_ptr<const platform::TextBuffer> OutputEngine::currentOutputString() const {
+OutputEngine::CurrentOutput OutputEngine::currentOutput() const {
     const std::lock_guard lock(mutex_);
-    return currentOutput_.text;
+    return currentOutput_;
+}
+
+std::shared_ptr<const platform::TextBuffer> OutputEngine::currentOutputString() const {
+    return currentOutput().text;
+}
+
+const formats::OutputFormatType& OutputEngine::currentOutputFormat() const {
+    return formats::outputFormat(dataModel_.outputFormat->value());
+}
+
+std::vector<std::string> OutputEngine::allowedFileTypes() const {
+    return currentOutputFormat().allowedFileTypes();
+}
+
+void OutputEngine::askForDestinantionAndWriteToFile() {
+    if (display_ == nullptr) return;
+    if (const auto path = display_->showSaveDialog()) writeOutputTo(*path);
+}
+
+std::optional<platform::TextWriteProblem> OutputEngine::writeOutputTo(const std::string& path) {
+    const DataModelSnapshot snapshot = dataModel_.createSnapshot();
+    const CurrentOutput output = currentOutput();
+    if (output.text == nullptr) return std::nullopt;
+    // By the format that made the text: while a dialog is open, another may be chosen.
+    return platform::writeTextFile(path, output.text->view(),
+                                   output.format->fileEncoding(snapshot));
 }
 
 void OutputEngine::clearOutputPreviewTextView() {
@@ -187,12 +212,8 @@ void OutputEngine::outputIsReady(bool ready) {
 void OutputEngine::showCurrentText() {
     // Of several, each would show the newest; one is enough.
     if (textsToShow_.fetch_sub(1, std::memory_order_relaxed) > 1) return;
-    CurrentOutput output;
-    {
-        const std::lock_guard lock(mutex_);
-        output = currentOutput_;
-    }
     if (display_ == nullptr) return;
+    CurrentOutput output = currentOutput();
     display_->showText(output.format->displayStringFor(std::move(output.text)), isAtRest());
 }
 

@@ -14,13 +14,16 @@
 #include "pipeline/DataModel.h"
 #include "pipeline/DataModelSnapshot.h"
 #include "pipeline/FlatFileList.h"
+#include "pipeline/OutputDelivery.h"
 #include "pipeline/OutputEngineDisplay.h"
 #include "pipeline/OutputEngineViewModel.h"
 #include "pipeline/ReSortFlatFileListOperation.h"
 #include "pipeline/ScannerOperation.h"
 #include "pipeline/StageOwner.h"
 #include "platform/OperationQueue.h"
+#include "platform/Pasteboard.h"
 #include "platform/TextBuffer.h"
+#include "platform/TextFile.h"
 #include "variables/KVOResponder.h"
 #include "variables/StraightVariable.h"
 
@@ -34,13 +37,10 @@ namespace marquell::pipeline {
 ///
 /// Used on the main thread, but for the three ...OperationFinished, which the stages call. Needs
 /// the installed main queue. Destroying it stops the stages and waits for them.
-class OutputEngine final : public StageOwner {
+class OutputEngine final : public StageOwner, public OutputDelivery {
 public:
-    /// Null for a format that there is none of: the text before it then stays.
-    using FormatLookup = std::function<const formats::OutputFormatType*(OutputFormatIndexEnum)>;
-
-    /// The model must outlive the engine. Starts nothing.
-    explicit OutputEngine(DataModel& dataModel, FormatLookup formatLookup = &formats::outputFormat);
+    /// Model and pasteboard must outlive the engine. Starts nothing.
+    OutputEngine(DataModel& dataModel, platform::Pasteboard& pasteboard);
     ~OutputEngine() override;
 
     /// The display, or null for none from now on, must outlive the engine or this setting.
@@ -61,7 +61,22 @@ public:
     OutputEngineViewModel createOutputEngineViewModel() const;
 
     /// The newest finished text in UTF-8, whatever the display makes of it; null before the first.
-    std::shared_ptr<const platform::TextBuffer> currentOutputString() const;
+    std::shared_ptr<const platform::TextBuffer> currentOutputString() const override;
+
+    /// The format that the settings choose at this moment.
+    const formats::OutputFormatType& currentOutputFormat() const;
+    /// Its extensions for files; none if it is not for files.
+    std::vector<std::string> allowedFileTypes() const;
+
+    /// Quiet about a file that can't be written; the text stays where it is.
+    void askForDestinantionAndWriteToFile() override;
+
+    /// Writes the newest text to a file, whole or not at all, in the encoding that the settings
+    /// choose at this moment. Says what went wrong; without a text nothing is written and nothing
+    /// wrong.
+    std::optional<platform::TextWriteProblem> writeOutputTo(const std::string& path);
+
+    platform::Pasteboard& pasteboard() override { return pasteboard_; }
 
     /// Whether there is a text and no other is to come. The display learns of a change a moment
     /// later, so whoever saves asks here.
@@ -93,6 +108,7 @@ private:
     void clearOutputPreviewTextView();
     void updatePreviewTable();
     std::shared_ptr<const FlatFileList> currentList() const;
+    CurrentOutput currentOutput() const;
     void outputIsReady(bool ready);
     void queueIsDrained();
     void showCurrentText();
@@ -100,7 +116,7 @@ private:
     void postToMain(std::function<void(OutputEngine& engine)> task);
 
     DataModel& dataModel_;
-    const FormatLookup formatLookup_;
+    platform::Pasteboard& pasteboard_;
     OutputEngineDisplay* display_ = nullptr;
     std::vector<std::unique_ptr<variables::KVOResponder>> kvoResponders_;
     /// Tells closures that outlive the engine that it has gone.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "pipeline/FlatFileList.h"
@@ -9,7 +10,7 @@
 
 namespace marquell::pipeline {
 
-/// What shows the work of an OutputEngine. All calls come on the main thread.
+/// What shows the work of an OutputEngine to the user. All calls come on the main thread.
 class OutputEngineDisplay {
 public:
     virtual ~OutputEngineDisplay() = default;
@@ -22,6 +23,10 @@ public:
 
     /// No other text than the one shown is to come.
     virtual void allowSaving() = 0;
+
+    /// Asks the user where to save the text, with the current format's extensions to choose from
+    /// and any other allowed. Absent if they don't want to. May run the main queue meanwhile.
+    virtual std::optional<std::string> showSaveDialog() = 0;
 
     /// The list or its columns have changed. Null while there is no list.
     virtual void updateTable(std::shared_ptr<const FlatFileList> flatFileList) = 0;

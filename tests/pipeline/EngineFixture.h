@@ -6,12 +6,12 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <thread>
 #include <utility>
 #include <vector>
 
-#include "formats/CSVOutputFormat.h"
 #include "metadata/MetadataStorage.h"
 #include "pipeline/OutputEngine.h"
 #include "platform/MainQueue.h"
@@ -38,6 +38,7 @@ public:
         EXPECT_FALSE(isWaiting);
         maySave = true;
     }
+    std::optional<std::string> showSaveDialog() override { return destination; }
     void updateTable(std::shared_ptr<const pipeline::FlatFileList> flatFileList) override {
         const bool isNew = list == nullptr || list->files.empty() || flatFileList->files.empty() ||
                            flatFileList->files.front() != list->files.front();
@@ -49,32 +50,8 @@ public:
     bool maySave = false;
     std::string text;
     std::shared_ptr<const pipeline::FlatFileList> list;
+    std::optional<std::string> destination;  ///< what the user answers to the save dialog
     std::vector<std::string> events;
-};
-
-/// A format with CSV's texts that shows something else.
-class DiscreetFormat : public formats::OutputFormatType {
-public:
-    std::shared_ptr<formats::OutputFormatOperationType> getOutputOperation(
-        std::shared_ptr<const pipeline::DataModelSnapshot> dataModelSnapshot,
-        pipeline::StageOwner& owner,
-        std::shared_ptr<const pipeline::FlatFileList> flatFileList) const override {
-        return csv_.getOutputOperation(std::move(dataModelSnapshot), owner,
-                                       std::move(flatFileList));
-    }
-    pipeline::TextEncoding fileEncoding(
-        const pipeline::DataModelSnapshot& snapshot) const override {
-        return csv_.fileEncoding(snapshot);
-    }
-    std::shared_ptr<const platform::TextBuffer> displayStringFor(
-        std::shared_ptr<const platform::TextBuffer>) const override {
-        auto shown = std::make_shared<platform::TextBuffer>();
-        shown->append("Ready.");
-        return shown;
-    }
-
-private:
-    const formats::CSVOutputFormat csv_;
 };
 
 /// An engine over settings of its own, with the main queue in the hands of the test.
@@ -94,7 +71,7 @@ protected:
     }
 
     void startEngine() {
-        engine = std::make_unique<pipeline::OutputEngine>(*model, lookup);
+        engine = std::make_unique<pipeline::OutputEngine>(*model, pasteboard);
         engine->setDisplay(&display);
         engine->startListening();
     }
@@ -117,13 +94,7 @@ protected:
     platform::PumpedMainQueue mainQueue;
     TemporaryFolder config;
     TemporaryFolder root;
-    const formats::CSVOutputFormat csv;
-    const DiscreetFormat discreet;
-    const pipeline::OutputEngine::FormatLookup lookup =
-        [this](pipeline::OutputFormatIndexEnum index) -> const formats::OutputFormatType* {
-        if (index == pipeline::OutputFormatIndexEnum::CopyToExcel) return &discreet;
-        return &csv;
-    };
+    platform::MemoryPasteboard pasteboard;
     std::shared_ptr<platform::UserDefaults> defaults = platform::UserDefaults::open(
         config / "settings.json", [](const std::string& problem) { FAIL() << problem; });
     std::unique_ptr<pipeline::DataModel> model = std::make_unique<pipeline::DataModel>(defaults);

@@ -132,7 +132,9 @@ protected:
         const auto& shown = display.list->files;
         EXPECT_EQ(sortedPaths(direct.list->files), sortedPaths(shown));
         EXPECT_EQ(keys(direct.list->files, *snapshot), keys(shown, *snapshot));
-        lookup(snapshot->outputFormat)->getOutputOperation(snapshot, direct, display.list)->main();
+        formats::outputFormat(snapshot->outputFormat)
+            .getOutputOperation(snapshot, direct, display.list)
+            ->main();
         EXPECT_EQ(currentText(), direct.text);
         const bool isDiscreet = snapshot->outputFormat == OutputFormatIndexEnum::CopyToExcel;
         EXPECT_EQ(display.text, isDiscreet ? "Ready." : direct.text);

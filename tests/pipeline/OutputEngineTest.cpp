@@ -104,7 +104,7 @@ TEST_F(OutputEngineTest, EachSettingEntersAtItsStage) {
         display.events.clear();
     }
     EXPECT_EQ(display.text, "Ready.") << "as the format of the text wants";
-    EXPECT_EQ(currentText(), "Name (with file extension)\ra1\rc3\r");
+    EXPECT_EQ(currentText(), "\"Name (with file extension)\"\n\"a1\"\n\"c3\"\n");
 }
 
 TEST_F(OutputEngineTest, WhatChangesDuringAScanIsInTheResult) {
@@ -136,6 +136,62 @@ TEST_F(OutputEngineTest, OnlyTheNewestScanReports) {
     EXPECT_THAT(display.events,
                 ElementsAre("waiting", "waiting", "waiting", "other table", "text"));
     EXPECT_THAT(names(), ElementsAre("a1"));
+}
+
+TEST_F(OutputEngineTest, SavesWhereTheUserSaysInTheEncodingOfTheMoment) {
+    tests::writeFile(root / "a\u0308", "");
+    model->sourceList.add({root / "a\u0308"}, false);
+    model->columnList.deleteAt({1});
+    startEngine();
+    engine->currentOutputFormat().performCommitAction(*engine);
+    settle();
+    EXPECT_THAT(engine->allowedFileTypes(), ElementsAre("csv", "text"));
+    EXPECT_EQ(engine->currentOutputFormat().actionButtonTitle(), "Save");
+    const auto save = [this](const std::string& path) {
+        display.destination = path;
+        engine->currentOutputFormat().performCommitAction(*engine);
+        return tests::contentOf(path);
+    };
+    engine->currentOutputFormat().performCommitAction(*engine);
+    EXPECT_EQ(save(config / "list"), "\"a\u0308\"\n");
+    display.events.clear();
+    model->encodingMode->setValue(2);
+    mainQueue.drain();
+    EXPECT_THAT(display.events, IsEmpty());
+    EXPECT_EQ(save(config / "list"), "\"\x8A\"\n");
+    EXPECT_EQ(save(config / "no folder/list"), "");
+    model->columnList.insertAtRow(1, {"\u4E2D"});
+    model->includeColumnTitlesMode->setValue(1);
+    mainQueue.drain();
+    settle();
+    EXPECT_EQ(save(config / "list"), "\"\x8A\"\n") << "the old file stays";
+    const auto problem = engine->writeOutputTo(config / "list");
+    EXPECT_TRUE(problem && problem->unencodable);
+    model->outputFormat->setValue(OutputFormatIndexEnum::HTML);
+    settle();
+    EXPECT_EQ(save(config / "list"), currentText()) << "HTML is UTF-8 whatever the encoding";
+    EXPECT_THAT(pasteboard.types(), IsEmpty());
+}
+
+TEST_F(OutputEngineTest, FillsTheClipboardWithWhatTheFormatIsFor) {
+    using platform::PasteboardType;
+    const auto bothTypes = ElementsAre(PasteboardType::tabularText, PasteboardType::string);
+    startEngine();
+    model->outputFormat->setValue(OutputFormatIndexEnum::CopyToExcel);
+    engine->currentOutputFormat().performCommitAction(*engine);
+    EXPECT_THAT(pasteboard.types(), IsEmpty()) << "no text yet";
+    settle();
+    engine->currentOutputFormat().performCommitAction(*engine);
+    EXPECT_THAT(pasteboard.types(), bothTypes);
+    EXPECT_EQ(pasteboard.data(PasteboardType::tabularText), "");
+    EXPECT_EQ(pasteboard.data(PasteboardType::string), "");
+    model->outputFormat->setValue(OutputFormatIndexEnum::CopyToHTML);
+    settle();
+    engine->currentOutputFormat().performCommitAction(*engine);
+    EXPECT_EQ(engine->currentOutputFormat().actionButtonTitle(), "Copy to Clipboard");
+    EXPECT_THAT(pasteboard.types(), bothTypes);
+    EXPECT_EQ(pasteboard.data(PasteboardType::tabularText), std::nullopt);
+    EXPECT_EQ(pasteboard.data(PasteboardType::string), "<table>\n</table>\n");
 }
 
 TEST_F(OutputEngineTest, BeforeTheFirstListOnlyScansStart) {
