@@ -18,7 +18,6 @@
 #include "Messages.h"
 #include "Settings.h"
 #include "StoredSettings.h"
-#include "formats/OutputFormatType.h"
 #include "platform/DescriptorIo.h"
 #include "platform/FileDescriptor.h"
 #include "platform/FileSystem.h"
@@ -159,9 +158,7 @@ private:
     Problem setFormat(std::string_view name) {
         const auto row = std::find_if(formatNames.begin(), formatNames.end(),
                                       [name](const FormatName& each) { return each.name == name; });
-        if (row == formatNames.end() || formats::outputFormat(row->index) == nullptr) {
-            return badFormat(name);
-        }
+        if (row == formatNames.end()) return badFormat(name);
         request_.snapshot.outputFormat = row->index;
         return std::nullopt;
     }
@@ -169,7 +166,6 @@ private:
     static std::string badFormat(std::string_view name) {
         std::string possible;
         for (const FormatName& each : formatNames) {
-            if (formats::outputFormat(each.index) == nullptr) continue;
             possible.append(possible.empty() ? "" : ", ").append(each.name);
         }
         return "format " + quoted(name) + ": expected one of " + possible;
@@ -177,8 +173,9 @@ private:
 
     Problem setOutputFile(std::string_view path) {
         if (path.empty()) return "option -o: found an empty name, expected a file";
-        if (request_.outputFile) return "option -o: found twice, expected one file";
-        request_.outputFile = path;
+        if (hasOutput_) return "option -o: found twice, expected one file";
+        hasOutput_ = true;
+        if (path != "-") request_.outputFile = path;
         return std::nullopt;
     }
 
@@ -236,24 +233,11 @@ private:
         }
         request_.snapshot.sourceList = std::move(sources_);
         if (columns_) request_.snapshot.columnList = std::move(*columns_);
-        const OutputFormatIndexEnum index = request_.snapshot.outputFormat;
-        const auto* format = formats::outputFormat(index);
-        if (format == nullptr) {
-            // The command line can't ask for it.
-            return "stored setting: " +
-                   badFormat(std::find_if(formatNames.begin(), formatNames.end(),
-                                          [index](const auto& each) { return each.index == index; })
-                                 ->name);
-        }
-        if (format->fileEncoding(request_.snapshot) != pipeline::TextEncoding::utf8) {
-            return "setting \"encodingMode\": found " +
-                   std::to_string(request_.snapshot.encodingMode) +
-                   ", expected 0; other encodings than UTF-8 cannot be written yet";
-        }
         return std::nullopt;
     }
 
     ListRequest request_;
+    bool hasOutput_ = false;
     std::vector<std::string> sources_;
     std::optional<std::vector<std::string>> columns_;
     std::vector<std::string> from0Files_;
@@ -273,9 +257,12 @@ std::string helpText() {
            "  -c, --columns ID[,ID…]   columns in output order; @TagSpace stands for all columns "
            "of\n"
            "                           that tag space (@EXIF); default: name,absolute_path\n"
-           "  -f, --format NAME        csv\n"
+           "  -f, --format NAME        csv, tsv, json, html, html-fragment or spreadsheet; "
+           "default: csv\n"
            "  -s, --set NAME=VALUE     a setting of the run, repeatable; see below\n"
-           "  -o, --output FILE        write FILE, whole or not at all; default: standard output\n"
+           "  -o, --output FILE        write FILE, whole or not at all; -, the default, is "
+           "standard\n"
+           "                           output\n"
            "      --from0 FILE         take sources from FILE, separated by NUL; - is standard "
            "input\n"
            "      --list-columns       print the catalogue of columns as tab-separated text\n"

@@ -10,32 +10,36 @@
 
 namespace marquell::apps {
 
-std::shared_ptr<const platform::TextBuffer> ListRun::run(pipeline::DataModelSnapshot snapshot,
-                                                         const StageShower& show) {
+std::shared_ptr<formats::OutputFormatOperationType> ListRun::run(
+    pipeline::DataModelSnapshot snapshot, const StageShower& show) {
     using namespace std::chrono_literals;
     if (!queue_.addOperation(std::make_shared<pipeline::ScannerOperation>(
             *this, std::make_shared<const pipeline::DataModelSnapshot>(std::move(snapshot))))) {
         return nullptr;
     }
     std::unique_lock lock(mutex_);
-    while (!finished_.wait_for(lock, 100ms, [this] { return text_ != nullptr; })) {
+    while (!finished_.wait_for(lock, 100ms, [this] { return isFinished_; })) {
         if (const auto progress = pipeline::progressOfFirst(queue_)) show(*progress);
     }
-    return text_;
+    return output_;
 }
 
 void ListRun::scanOperationFinished(pipeline::ScannerOperation& scanOperation) {
     const auto& snapshot = scanOperation.dataModelSnapshot();
-    // Cannot fail: the queue has the thread that this runs on.
-    std::ignore = queue_.addOperation(
-        formats::outputFormat(snapshot->outputFormat)
-            ->getOutputOperation(snapshot, *this, scanOperation.flatFileList()));
-}
-
-void ListRun::outputOperationFinished(formats::OutputFormatOperationType& outputOperation) {
+    auto output = formats::outputFormat(snapshot->outputFormat)
+                      .getOutputOperation(snapshot, *this, scanOperation.flatFileList());
     {
         const std::lock_guard lock(mutex_);
-        text_ = outputOperation.outputString();
+        output_ = output;
+    }
+    // Cannot fail: the queue has the thread that this runs on.
+    std::ignore = queue_.addOperation(std::move(output));
+}
+
+void ListRun::outputOperationFinished(formats::OutputFormatOperationType&) {
+    {
+        const std::lock_guard lock(mutex_);
+        isFinished_ = true;
     }
     finished_.notify_one();
 }

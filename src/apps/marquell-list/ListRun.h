@@ -6,11 +6,11 @@
 #include <memory>
 #include <mutex>
 
+#include "formats/OutputFormatType.h"
 #include "pipeline/DataModelSnapshot.h"
 #include "pipeline/OutputEngineOperationType.h"
 #include "pipeline/StageOwner.h"
 #include "platform/OperationQueue.h"
-#include "platform/TextBuffer.h"
 
 namespace marquell::apps {
 
@@ -19,11 +19,11 @@ class ListRun : public pipeline::StageOwner {
 public:
     using StageShower = std::function<void(const pipeline::StageProgress& progress)>;
 
-    /// Makes the text of the list. Meanwhile `show` is called ten times a second, on the caller's
-    /// thread, with the progress of the stage that runs. Null if the system refuses a thread to run
-    /// on.
-    std::shared_ptr<const platform::TextBuffer> run(pipeline::DataModelSnapshot snapshot,
-                                                    const StageShower& show);
+    /// Makes the list. Meanwhile `show` is called ten times a second, on the caller's thread, with
+    /// the progress of the stage that runs. Gives the finished operation, which has the text; null
+    /// if the system refuses a thread to run on.
+    std::shared_ptr<formats::OutputFormatOperationType> run(pipeline::DataModelSnapshot snapshot,
+                                                            const StageShower& show);
 
     void scanOperationFinished(pipeline::ScannerOperation& scanOperation) override;
     void reSortOperationFinished(pipeline::ReSortFlatFileListOperation&) override {}
@@ -32,7 +32,8 @@ public:
 private:
     std::mutex mutex_;
     std::condition_variable finished_;
-    std::shared_ptr<const platform::TextBuffer> text_;      // guarded by mutex_
+    std::shared_ptr<formats::OutputFormatOperationType> output_;  // guarded by mutex_
+    bool isFinished_ = false;                                     // guarded by mutex_
     platform::OperationQueue queue_{"mainOperationQueue"};  // last: stops before the rest goes
 };
 

@@ -4,6 +4,8 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
+#include <cstdio>
 #include <numeric>
 #include <utility>
 #include <vector>
@@ -23,6 +25,12 @@ void printMessage(std::string_view message) {
 }
 
 std::string quoted(std::string_view text) { return '"' + platform::diagnosticText(text) + '"'; }
+
+std::string characterName(char32_t character) {
+    std::array<char, 16> number{};
+    std::snprintf(number.data(), number.size(), "U+%04X ", static_cast<unsigned>(character));
+    return number.data() + quoted(platform::utf8Text(character));
+}
 
 std::size_t editDistance(std::string_view word, std::string_view other) {
     std::string a;

@@ -13,6 +13,9 @@ void printMessage(std::string_view message);
 /// `text` in quotes and safe to show.
 std::string quoted(std::string_view text);
 
+/// A character by number and, safe to show, by itself.
+std::string characterName(char32_t character);
+
 /// The end of a message: asks whether the nearest of `candidates` was meant, if one is near.
 template <typename Candidates>
 std::string suggestion(std::string_view word, const Candidates& candidates);

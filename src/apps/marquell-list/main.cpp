@@ -20,10 +20,12 @@
 #include "ListRun.h"
 #include "Messages.h"
 #include "ProgressLine.h"
+#include "formats/OutputFormatType.h"
 #include "metadata/DataCoordinator.h"
 #include "metadata/TagManager.h"
 #include "platform/AtomicFile.h"
 #include "platform/DescriptorIo.h"
+#include "platform/TextFile.h"
 #include "platform/Workers.h"
 
 namespace marquell::apps {
@@ -38,16 +40,18 @@ void occupyClosedStreams() {
     }
 }
 
-ExitStatus notDelivered(const std::string& target, int error) {
-    printMessage(target + ": the list could not be written: " + std::strerror(error));
+std::string targetName(const std::optional<std::string>& file) {
+    return file ? quoted(*file) : "standard output";
+}
+
+ExitStatus notDelivered(const std::optional<std::string>& file, std::string_view reason) {
+    printMessage(targetName(file) + ": the list could not be written: " + std::string(reason));
     return ExitStatus::notDelivered;
 }
 
-ExitStatus deliver(std::string_view bytes, const std::optional<std::string>& file) {
-    const int error = file ? platform::writeFileAtomically(*file, bytes)
-                           : platform::writeAll(STDOUT_FILENO, bytes);
-    return error == 0 ? ExitStatus::success
-                      : notDelivered(file ? quoted(*file) : "standard output", error);
+ExitStatus print(std::string_view text) {
+    const int error = platform::writeAll(STDOUT_FILENO, text);
+    return error == 0 ? ExitStatus::success : notDelivered({}, std::strerror(error));
 }
 
 /// The end of a run that memory does not suffice for: the one exception that nobody can handle.
@@ -56,6 +60,18 @@ ExitStatus deliver(std::string_view bytes, const std::optional<std::string>& fil
         "marquell-list: the list could not be made: out of memory\n";
     static_cast<void>(platform::writeAll(STDERR_FILENO, message));
     std::_Exit(static_cast<int>(ExitStatus::notDelivered));
+}
+
+/// "ISO-8859-1 has no U+4E2D "..." (row 3, column "name", "/a/...")", rows counted without titles.
+std::string lackingCharacter(formats::OutputFormatOperationType& output,
+                             platform::TextEncoding encoding,
+                             const platform::UnencodableCharacter& found) {
+    const formats::TextPlace place = output.placeOf(found.offset);
+    const std::string row =
+        place.row ? "row " + std::to_string(*place.row + 1) : "the row of titles";
+    return std::string(platform::encodingName(encoding)) + " has no " +
+           characterName(found.character) + " (" + row + ", column " + quoted(place.columnId) +
+           (place.node == nullptr ? "" : ", " + quoted(place.node->absolutePath())) + ")";
 }
 
 /// Tells of columns that stay empty because nothing delivers their source.
@@ -71,11 +87,11 @@ void hintAtUndeliveredColumns(const pipeline::DataModelSnapshot& snapshot) {
 }
 
 struct RequestRunner {
-    ExitStatus operator()(const HelpRequest&) const { return deliver(helpText(), {}); }
+    ExitStatus operator()(const HelpRequest&) const { return print(helpText()); }
     ExitStatus operator()(const VersionRequest&) const {
-        return deliver("marquell-list " MARQUELL_VERSION "\n", {});
+        return print("marquell-list " MARQUELL_VERSION "\n");
     }
-    ExitStatus operator()(const CatalogueRequest&) const { return deliver(catalogueText(), {}); }
+    ExitStatus operator()(const CatalogueRequest&) const { return print(catalogueText()); }
     ExitStatus operator()(const UsageProblem& problem) const {
         printMessage(problem.message);
         return ExitStatus::wrongUsage;
@@ -85,29 +101,43 @@ struct RequestRunner {
         if (request.outputFile) {
             // Told now rather than after hours of reading.
             const int error = platform::destinationError(*request.outputFile);
-            if (error != 0) return notDelivered(quoted(*request.outputFile), error);
+            if (error != 0) return notDelivered(request.outputFile, std::strerror(error));
         }
         if (request.jobs) platform::setWorkerCount(*request.jobs);
         if (!request.quiet) hintAtUndeliveredColumns(request.snapshot);
         const FailureCollector failures;
         // The run outlives the delivery, so that a list of millions is given back meanwhile.
         ListRun run;
-        const auto text = makeText(run, request);
-        if (text == nullptr) {
+        const auto output = makeText(run, request);
+        if (output == nullptr) {
             printMessage("the list could not be made: the system refuses to start a thread");
             return ExitStatus::notDelivered;
         }
         const bool anyFailures = failures.report() || !request.settingsProblems.empty();
-        const ExitStatus delivered = deliver(text->view(), request.outputFile);
+        const ExitStatus delivered = deliver(*output, request.outputFile);
         if (delivered != ExitStatus::success || !anyFailures) return delivered;
         return ExitStatus::incomplete;
     }
 
 private:
-    static std::shared_ptr<const platform::TextBuffer> makeText(ListRun& run,
-                                                                const ListRequest& request) {
+    static std::shared_ptr<formats::OutputFormatOperationType> makeText(
+        ListRun& run, const ListRequest& request) {
         ProgressLine progress(!request.quiet);
         return run.run(request.snapshot, [&progress](const auto& stage) { progress.show(stage); });
+    }
+
+    static ExitStatus deliver(formats::OutputFormatOperationType& output,
+                              const std::optional<std::string>& file) {
+        const auto text = output.outputString()->view();
+        const pipeline::DataModelSnapshot& snapshot = output.dataModelSnapshot();
+        const platform::TextEncoding encoding =
+            formats::outputFormat(snapshot.outputFormat).fileEncoding(snapshot);
+        const auto problem = file ? platform::writeTextFile(*file, text, encoding)
+                                  : platform::writeText(STDOUT_FILENO, text, encoding);
+        if (!problem) return ExitStatus::success;
+        return notDelivered(file, problem->unencodable
+                                      ? lackingCharacter(output, encoding, *problem->unencodable)
+                                      : std::strerror(problem->error));
     }
 };
 
