@@ -6,6 +6,7 @@ Environment: MARQUELL_LIST is the program.
 
 import os
 import pty
+import re
 import resource
 import shutil
 import subprocess
@@ -62,8 +63,9 @@ class CommandLineTest(unittest.TestCase):
             ('option "--from0": expected an argument', "tree", "--from0"),
             ("option -o: found an empty name, expected a file", "-o", "", "tree"),
             ("option -o: found twice, expected one file", "-o", "a", "-o", "b", "tree"),
-            ('format "jsno": expected one of csv', "-f", "jsno", "tree"),
-            ('format "json": expected one of csv', "-f", "json", "tree"),
+            ("option -o: found twice, expected one file", "-o", "-", "-o", "-", "tree"),
+            ('format "jsno": expected one of csv, tsv, json, html, html-fragment, spreadsheet',
+             "-f", "jsno", "tree"),
             ('column "nmae": there is no such column; did you mean "name"? See --list-columns',
              "-c", "absolute_path,nmae", "tree"),
             ('column "SIZE": there is no such column; did you mean "size"? See --list-columns',
@@ -84,8 +86,6 @@ class CommandLineTest(unittest.TestCase):
              "-s", "secondSortMode=-1", "tree"),
             ('setting "nullValuesMode": found "1 ", expected a whole number',
              "-s", "nullValuesMode=1 ", "tree"),
-            ('setting "encodingMode": found 1, expected 0; other encodings than UTF-8 cannot be '
-             "written yet", "-s", "encodingMode=1", "tree"),
             ('setting "outputFormat" is given by -f', "-s", "outputFormat=0", "tree"),
             ('setting "sourceList" is given by a PATH or --from0', "-s", "sourceList=/", "tree"),
             ('setting "columnList" is given by -c', "-s", "columnList=name", "tree"),
@@ -193,7 +193,7 @@ class CommandLineTest(unittest.TestCase):
     def fails_to_write(self, reason, *arguments, **how):
         status, text, messages = self.run_program("tree", *arguments, **how)
         self.assertEqual((status, text or b""), (3, b""))
-        expected = f"^marquell-list: .*: the list could not be written: {reason}\n$"
+        expected = f"^marquell-list: .*: the list could not be written: {re.escape(reason)}\n$"
         self.assertRegex(messages, expected)
 
     def test_a_list_that_cannot_be_written(self):
@@ -233,6 +233,32 @@ class CommandLineTest(unittest.TestCase):
             self.run_program("-o", "/dev/stdout", "-c", "name", "tree", capture_output=False,
                              stdout=stream)
         self.assertEqual(target.read_bytes(), b'old"a"\n"b.txt"\n')
+
+    def test_formats(self):
+        for name, form in [
+            ("csv", b'"{}"\n'), ("tsv", b'"{}"\n'), ("spreadsheet", b'"{}"\n'),
+            ("json", b'[\n\t{\n\t\t"name":"{}"\n\t}\n]'),
+            ("html-fragment", b"<table>\n\t<tr>\n\t\t<td>{}</td>\n\t</tr>\n</table>\n"),
+        ]:
+            self.lists(form.replace(b"{}", b"b.txt"), "-f", name, "-c", "name", "tree/b.txt")
+        html = self.run_program("-f", "html", "tree")[1]
+        self.assertTrue(html.startswith(b"<!DOCTYPE html>\n") and html.endswith(b"</html>"))
+
+    def test_encodings(self):
+        (self.tree / "b.txt").rename(self.tree / "a\u0308\u4e2d")
+        latin = ["-s", "encodingMode=7", "-c", "extension,name"]
+        row = f'row 2, column "name", "{self.tree}/a\u0308\u4e2d"'
+        self.fails_to_write(f'ISO-8859-1 has no U+4E2D "\u4e2d" ({row})', *latin)
+        self.fails_to_write(f'ISO-8859-1 has no U+4E2D "\u4e2d" ({row})', *latin, "-f", "json",
+                            "-o", "list")
+        self.assertFalse((self.top / "list").exists())
+        self.lists(b"\xff\xfe" + '"a"\n"a\u0308\u4e2d"\n'.encode("utf-16-le"),
+                   "-s", "encodingMode=1", "-c", "name", "tree", "-o", "-")
+        os.remove(self.tree / "a\u0308\u4e2d")
+        (self.tree / "a\u0308").touch()
+        self.lists(b'"","a"\n"","\xe4"\n', "tree", *latin)
+        html = self.run_program("tree", *latin, "-f", "html")[1]
+        self.assertIn("<td>a\u0308</td>".encode(), html, "always UTF-8")
 
     def test_closed_standard_streams(self):
         for stream, status in ((0, 0), (1, 3), (2, 0)):
