@@ -23,4 +23,26 @@ using LargeMemory = std::unique_ptr<std::byte[], FreeMemory>;
 /// items costs more than reading it.
 LargeMemory largeMemory(std::size_t size);
 
+/// Memory for one run of data that grows. Large ones grow by moving pages instead of copying bytes
+/// and leave no holes behind, which std::realloc does up to 32 MB.
+class GrowingMemory {
+public:
+    GrowingMemory() = default;
+    GrowingMemory(const GrowingMemory&) = delete;
+    GrowingMemory& operator=(const GrowingMemory&) = delete;
+    ~GrowingMemory();
+
+    char* data() const { return data_; }
+    std::size_t size() const { return size_; }
+
+    /// Keeps what is there. The new size must be greater.
+    void growTo(std::size_t size);
+
+private:
+    bool isMapped() const;
+
+    char* data_ = nullptr;
+    std::size_t size_ = 0;
+};
+
 }  // namespace marquell::platform
