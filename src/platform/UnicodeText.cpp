@@ -80,7 +80,7 @@ void forEachCharacter(std::string_view text, const std::function<void(std::strin
     UErrorCode status = U_ZERO_ERROR;
     UText opened = UTEXT_INITIALIZER;
     utext_openUTF8(&opened, text.data(), static_cast<std::int64_t>(text.size()), &status);
-    if (iterator == nullptr || U_FAILURE(status)) return;
+    if (iterator == nullptr || U_FAILURE(status)) return visit(text);  // no text may get lost
     iterator->setText(&opened, status);
     std::int32_t start = iterator->first();
     for (std::int32_t end = iterator->next(); end != icu::BreakIterator::DONE;
