@@ -19,6 +19,7 @@
 namespace marquell::platform {
 namespace {
 
+constexpr const char* ownDescriptors = "/proc/self/fd";
 constexpr std::size_t maximumLinks = 40;  // as the kernel's own limit
 
 std::string folderOf(const std::string& path) {
@@ -40,13 +41,14 @@ std::optional<int> ownDescriptor(const std::string& path) {
     return descriptor;
 }
 
-/// The target of a link chain, the last name of which may not exist yet; a descriptor of ours is
-/// not followed further. Absent on a loop.
-std::optional<std::string> resolveLinks(std::string path) {
+/// Follows a link chain, the last name of which may not exist yet, to its target; a descriptor of
+/// ours is not followed further. Returns 0 or errno, for what may be a link must not be replaced.
+int resolveLinks(std::string& path) {
     for (std::size_t links = 0; links < maximumLinks; ++links) {
         std::string target(PATH_MAX, '\0');
         const ssize_t length = ::readlink(path.c_str(), target.data(), target.size());
-        if (length < 0 || ownDescriptor(path)) return path;
+        if (length < 0 && errno != EINVAL && errno != ENOENT) return errno;
+        if (length < 0 || ownDescriptor(path)) return 0;
         target.resize(static_cast<std::size_t>(length));
         if (target.starts_with('/')) {
             path = target;
@@ -55,7 +57,7 @@ std::optional<std::string> resolveLinks(std::string path) {
             path.replace(slash == std::string::npos ? 0 : slash + 1, std::string::npos, target);
         }
     }
-    return std::nullopt;
+    return ELOOP;
 }
 
 int writeTo(int descriptor, const ByteSource& source) {
@@ -82,9 +84,11 @@ public:
             error_ = errno;
             return;
         }
-        file_ =
-            FileDescriptor(::openat(folder_.get(), ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, mode));
-        if (file_.isOpen()) return;
+        if (::access(ownDescriptors, X_OK) == 0) {  // through which it gets its name
+            constexpr int flags = O_WRONLY | O_TMPFILE | O_CLOEXEC;
+            file_ = FileDescriptor(::openat(folder_.get(), ".", flags, mode));
+            if (file_.isOpen()) return;
+        }
         error_ = withFreeName([this, mode](const char* name) {
             constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
             file_ = FileDescriptor(::openat(folder_.get(), name, flags, mode));
@@ -150,7 +154,7 @@ private:
     }
 
     int giveName() {
-        const std::string open = "/proc/self/fd/" + std::to_string(file_.get());
+        const std::string open = std::string(ownDescriptors) + "/" + std::to_string(file_.get());
         return withFreeName([this, &open](const char* name) {
             return ::linkat(AT_FDCWD, open.c_str(), folder_.get(), name, AT_SYMLINK_FOLLOW) == 0;
         });
@@ -178,16 +182,16 @@ int replaceFile(const std::string& path, const struct stat* old, const ByteSourc
 
 int writeFileAtomically(const std::string& path, const ByteSource& source,
                         const AtomicWriting& how) {
-    const std::optional<std::string> target = resolveLinks(path);
-    if (!target) return ELOOP;
-    if (const auto descriptor = ownDescriptor(*target)) return writeTo(*descriptor, source);
+    std::string target = path;
+    if (const int error = resolveLinks(target); error != 0) return error;
+    if (const auto descriptor = ownDescriptor(target)) return writeTo(*descriptor, source);
     struct stat old = {};
-    if (::stat(target->c_str(), &old) != 0) {
-        return errno == ENOENT ? replaceFile(*target, nullptr, source, how) : errno;
+    if (::stat(target.c_str(), &old) != 0) {
+        return errno == ENOENT ? replaceFile(target, nullptr, source, how) : errno;
     }
     if (S_ISDIR(old.st_mode)) return EISDIR;
-    if (!S_ISREG(old.st_mode)) return writeStraight(*target, source);
-    return replaceFile(*target, &old, source, how);
+    if (!S_ISREG(old.st_mode)) return writeStraight(target, source);
+    return replaceFile(target, &old, source, how);
 }
 
 int writeFileAtomically(const std::string& path, std::string_view bytes, const AtomicWriting& how) {
@@ -196,15 +200,15 @@ int writeFileAtomically(const std::string& path, std::string_view bytes, const A
 }
 
 int destinationError(const std::string& path) {
-    const std::optional<std::string> target = resolveLinks(path);
-    if (!target) return ELOOP;
-    if (ownDescriptor(*target)) return 0;
+    std::string target = path;
+    if (const int error = resolveLinks(target); error != 0) return error;
+    if (ownDescriptor(target)) return 0;
     struct stat old = {};
-    const bool exists = ::stat(target->c_str(), &old) == 0;
+    const bool exists = ::stat(target.c_str(), &old) == 0;
     if (!exists && errno != ENOENT) return errno;
     if (exists && S_ISDIR(old.st_mode)) return EISDIR;
     const bool isReplaced = !exists || S_ISREG(old.st_mode);
-    const std::string written = isReplaced ? folderOf(*target) : *target;
+    const std::string written = isReplaced ? folderOf(target) : target;
     return ::faccessat(AT_FDCWD, written.c_str(), W_OK, AT_EACCESS) != 0 ? errno : 0;
 }
 

@@ -33,7 +33,7 @@ OLD, OLD_MODE = b"old\n", 0o2640
 STARTS = ("new", "old", "link")  # what the target is before
 ROUTES = {"unnamed": "", "named": f"tmpfile:0:{errno.EOPNOTSUPP} "}  # of the temporary file
 ERRORS = {
-    "readlink": (),  # not failed: a link that cannot be read counts as none
+    "readlink": ("EIO", "EACCES", "EINTR"),
     "stat": ("EACCES", "EIO", "EINTR"), "faccessat": ("EACCES", "EROFS"),
     "open": ("EACCES", "EMFILE", "EINTR"), "tmpfile": ("EINVAL", "EISDIR"),
     "create": ("EACCES", "ENOSPC", "EEXIST"), "write": ("EIO", "ENOSPC", "EINTR", "short"),
