@@ -15,6 +15,8 @@ namespace {
 
 constexpr char16_t noCharacter = 0xFFFF;
 
+constexpr std::size_t bufferSize = std::size_t{64} * 1024;
+
 /// Where the library's tables are not followed.
 struct Correction {
     std::optional<TextEncoding> encoding;  ///< all Japanese ones when absent
@@ -91,7 +93,7 @@ TextConverter::TextConverter(TextEncoding encoding, const ByteSink& sink)
     : traits_(traitsOf(encoding)),
       converter_(openConverter(traits_.converter), &ucnv_close),
       sink_(sink),
-      encoded_(maximumPiece, '\0') {
+      encoded_(bufferSize, '\0') {
     if (traits_.isLegacy) composer_.emplace(converter_.get());
 }
 

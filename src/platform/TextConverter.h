@@ -21,7 +21,7 @@ namespace marquell::platform {
 /// EILSEQ when the encoding lacks a character, ENOTSUP when the library lacks the encoding.
 class TextConverter {
 public:
-    static constexpr std::size_t maximumPiece = std::size_t{64} * 1024;
+    static constexpr std::size_t maximumPiece = std::size_t{16} * 1024;
 
     /// `sink` must outlive this.
     TextConverter(TextEncoding encoding, const ByteSink& sink);

@@ -70,6 +70,8 @@ TEST(AtomicFile, LeavesTheOldFileAndNothingElseOnFailure) {
           Row{std::string(256, 'n'), ENAMETOOLONG}, Row{std::string(5000, '/'), ENAMETOOLONG}}) {
         EXPECT_EQ(writeFileAtomically(folder / name, "new"), error) << name;
     }
+    const ByteSource broken = [](const ByteSink& sink) { return sink("part") == 0 ? EPROTO : 0; };
+    EXPECT_EQ(writeFileAtomically(folder / "file", broken), EPROTO);
     if (::geteuid() != 0) {
         ASSERT_EQ(::chmod(folder.path().c_str(), 0500), 0);
         EXPECT_EQ(writeFileAtomically(folder / "file", "new"), EACCES);
