@@ -20,9 +20,9 @@ constexpr std::size_t bufferSize = std::size_t{64} * 1024;
 /// Where the library's tables are not followed.
 struct Correction {
     std::optional<TextEncoding> encoding;  ///< all Japanese ones when absent
-    char16_t first;
-    char16_t last;
-    char16_t written;  ///< what the library gets instead
+    char16_t first = 0;
+    char16_t last = 0;
+    char16_t written = 0;  ///< what the library gets instead
 };
 
 constexpr std::array<Correction, 9> corrections = {{
@@ -132,7 +132,8 @@ int TextConverter::encode(std::span<char16_t> units, bool isEnd) {
         UErrorCode status = U_ZERO_ERROR;
         char* target = encoded_.data() + filled_;
         ucnv_fromUnicode(converter_.get(), &target, encoded_.data() + encoded_.size(), &source,
-                         units.data() + units.size(), nullptr, isEnd, &status);
+                         units.data() + units.size(), nullptr, static_cast<UBool>(isEnd ? 1 : 0),
+                         &status);
         filled_ = static_cast<std::size_t>(target - encoded_.data());
         if (status != U_BUFFER_OVERFLOW_ERROR) return errorOf(status);
         if (const int error = handOver(); error != 0) return error;
@@ -143,7 +144,7 @@ bool TextConverter::isTransparent(std::string_view piece) const {
     if (!traits_.isLegacy || !isAscii(piece)) return false;
     return traits_.encoding != TextEncoding::iso2022JP ||
            std::all_of(shifts.begin(), shifts.end(),
-                       [piece](char shift) { return piece.find(shift) == piece.npos; });
+                       [piece](char shift) { return piece.find(shift) == std::string_view::npos; });
 }
 
 int TextConverter::convert(std::string_view piece) {
