@@ -27,19 +27,16 @@ constexpr std::array<Sign, 6> signs = {{
     {"\u00AE", "&reg;"},
 }};
 
-bool mayHaveSigns(std::string_view text) {
-    // The first bytes of the signs, and of little else in most texts.
-    return text.find('\xC2') != std::string_view::npos ||
-           text.find('\xE2') != std::string_view::npos;
-}
+/// The first bytes of the signs, and of little else that texts hold.
+constexpr platform::Escapes signStarts = {{'\xC2', ""}, {'\xE2', ""}};
+/// What a text without passes as it is, as nearly all do.
+constexpr platform::Escapes special = markup.with({{'\xC2', ""}, {'\xE2', ""}});
 
 }  // namespace
 
 void appendHtmlEscaped(platform::TextBuffer& html, std::string_view text) {
-    if (!mayHaveSigns(text)) {
-        markup.append(html, text);
-        return;
-    }
+    if (!special.concerns(text)) return html.append(text);
+    if (!signStarts.concerns(text)) return markup.append(html, text);
     platform::forEachCharacter(text, [&html](std::string_view character) {
         const auto sign = std::find_if(signs.begin(), signs.end(), [character](const Sign& row) {
             return row.character == character;

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "formats/ModeTable.h"
+#include "platform/ByteCount.h"
 
 namespace marquell::formats {
 namespace {
@@ -47,14 +48,22 @@ ItemOutputFormatter::ItemOutputFormatter(const pipeline::DataModelSnapshot& snap
       trueText_(rowOfMode(boolTexts, snapshot.boolValuesMode).whenTrue),
       falseText_(rowOfMode(boolTexts, snapshot.boolValuesMode).whenFalse) {}
 
-std::string ItemOutputFormatter::formatDate(const platform::Date& date) {
-    std::string text;
+void ItemOutputFormatter::formatDate(std::string& text, const platform::Date& date) {
     dateFormatter_.append(text, date);
-    return text;
 }
 
-std::string ItemOutputFormatter::formatBoolValue(bool value) {
-    return std::string(value ? trueText_ : falseText_);
+void ItemOutputFormatter::formatNullValue(std::string& text) { text.append(nullText_); }
+
+void ItemOutputFormatter::formatBoolValue(std::string& text, bool value) {
+    text.append(value ? trueText_ : falseText_);
+}
+
+void ItemOutputFormatter::formatNumber(std::string& text, std::int64_t number) {
+    text.append(std::to_string(number));
+}
+
+void ItemOutputFormatter::formatSize(std::string& text, std::int64_t bytes) {
+    text.append(platform::byteCountText(bytes));
 }
 
 }  // namespace marquell::formats

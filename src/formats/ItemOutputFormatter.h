@@ -6,7 +6,6 @@
 
 #include "formats/MetadataItemFormatterType.h"
 #include "pipeline/DataModelSnapshot.h"
-#include "platform/ByteCount.h"
 #include "platform/DateFormatter.h"
 
 namespace marquell::formats {
@@ -18,11 +17,11 @@ public:
     explicit ItemOutputFormatter(const pipeline::DataModelSnapshot& snapshot)
         : ItemOutputFormatter(snapshot, snapshot.dateFormatMode) {}
 
-    std::string formatDate(const platform::Date& date) override;
-    std::string formatNullValue() override { return std::string(nullText_); }
-    std::string formatBoolValue(bool value) override;
-    std::string formatNumber(std::int64_t number) override { return std::to_string(number); }
-    std::string formatSize(std::int64_t bytes) override { return platform::byteCountText(bytes); }
+    void formatDate(std::string& text, const platform::Date& date) override;
+    void formatNullValue(std::string& text) override;
+    void formatBoolValue(std::string& text, bool value) override;
+    void formatNumber(std::string& text, std::int64_t number) override;
+    void formatSize(std::string& text, std::int64_t bytes) override;
 
 protected:
     ItemOutputFormatter(const pipeline::DataModelSnapshot& snapshot, int dateMode);

@@ -23,25 +23,30 @@ struct CellReader {
     std::string& storage;
 
     Cell operator()(metadata::StringValue& text) const {
-        return cell(std::move(text), CellKind::text);
+        storage.swap(text);
+        return {storage, CellKind::text};
     }
     Cell operator()(const metadata::DateValue& date) const {
-        return cell(formatter.formatDate(date), CellKind::date);
+        formatter.formatDate(cleared(), date);
+        return {storage, CellKind::date};
     }
     Cell operator()(metadata::BoolValue value) const {
-        return cell(formatter.formatBoolValue(value), value ? CellKind::isTrue : CellKind::isFalse);
+        formatter.formatBoolValue(cleared(), value);
+        return {storage, value ? CellKind::isTrue : CellKind::isFalse};
     }
     Cell operator()(metadata::NSInteger value) const {
-        return cell(formatter.formatNumber(value), CellKind::number);
+        formatter.formatNumber(cleared(), value);
+        return {storage, CellKind::number};
     }
     Cell operator()(metadata::None) const {
-        return cell(formatter.formatNullValue(), CellKind::missing);
+        formatter.formatNullValue(cleared());
+        return {storage, CellKind::missing};
     }
 
 private:
-    Cell cell(std::string&& text, CellKind kind) const {
-        storage = std::move(text);
-        return {storage, kind};
+    std::string& cleared() const {
+        storage.clear();
+        return storage;
     }
 };
 

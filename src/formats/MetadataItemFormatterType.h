@@ -8,17 +8,17 @@
 
 namespace marquell::formats {
 
-/// Turns typed values into text. Not for two threads at once.
+/// Turns typed values into text, which each of these appends. Not for two threads at once.
 class MetadataItemFormatterType {
 public:
     virtual ~MetadataItemFormatterType() = default;
-    virtual std::string formatDate(const platform::Date& date) = 0;
-    virtual std::string formatNullValue() = 0;
-    virtual std::string formatBoolValue(bool value) = 0;
+    virtual void formatDate(std::string& text, const platform::Date& date) = 0;
+    virtual void formatNullValue(std::string& text) = 0;
+    virtual void formatBoolValue(std::string& text, bool value) = 0;
     /// Decimal digits, without grouping.
-    virtual std::string formatNumber(std::int64_t number) = 0;
+    virtual void formatNumber(std::string& text, std::int64_t number) = 0;
     /// A byte count for people.
-    virtual std::string formatSize(std::int64_t bytes) = 0;
+    virtual void formatSize(std::string& text, std::int64_t bytes) = 0;
 };
 
 }  // namespace marquell::formats

@@ -13,33 +13,41 @@
 namespace marquell::platform {
 namespace {
 
-void appendTwoDigits(std::string& text, char before, unsigned value) {
-    const std::array<char, 3> digits = {before, static_cast<char>('0' + value / 10),
-                                        static_cast<char>('0' + value % 10)};
-    text.append(digits.data(), digits.size());
-}
+/// Digits and separators, collected here so that a text is appended to once.
+class DateText {
+public:
+    /// At least four digits.
+    void addYear(std::int64_t year) {
+        if (year < 0) *end_++ = '-';
+        const std::uint64_t digits = static_cast<std::uint64_t>(year < 0 ? -year : year);
+        for (const std::uint64_t limit : {1000U, 100U, 10U}) {
+            if (digits < limit) *end_++ = '0';
+        }
+        end_ = std::to_chars(end_, characters_.end(), digits).ptr;
+    }
+    void addTwoDigits(char before, unsigned value) {
+        *end_++ = before;
+        *end_++ = static_cast<char>('0' + value / 10);
+        *end_++ = static_cast<char>('0' + value % 10);
+    }
+    void addDate(const CivilTime& civil) {
+        addYear(civil.year);
+        addTwoDigits('-', civil.month);
+        addTwoDigits('-', civil.day);
+    }
+    void addTime(const CivilTime& civil, unsigned hour) {
+        addTwoDigits(' ', hour);
+        addTwoDigits(':', civil.minute);
+        addTwoDigits(':', civil.second);
+    }
+    std::string_view view() const {
+        return {characters_.data(), static_cast<std::size_t>(end_ - characters_.begin())};
+    }
 
-/// At least four digits.
-void appendYear(std::string& text, std::int64_t year) {
-    std::array<char, 20> digits{};
-    const auto end = std::to_chars(digits.begin(), digits.end(), year < 0 ? -year : year).ptr;
-    const auto length = static_cast<std::size_t>(end - digits.begin());
-    if (year < 0) text.push_back('-');
-    if (length < 4) text.append(4 - length, '0');
-    text.append(digits.data(), length);
-}
-
-void appendDate(std::string& text, const CivilTime& civil) {
-    appendYear(text, civil.year);
-    appendTwoDigits(text, '-', civil.month);
-    appendTwoDigits(text, '-', civil.day);
-}
-
-void appendTime(std::string& text, const CivilTime& civil, unsigned hour) {
-    appendTwoDigits(text, ' ', hour);
-    appendTwoDigits(text, ':', civil.minute);
-    appendTwoDigits(text, ':', civil.second);
-}
+private:
+    std::array<char, 48> characters_;
+    char* end_ = characters_.begin();
+};
 
 }  // namespace
 
@@ -85,12 +93,14 @@ void DateFormatter::append(std::string& text, const Date& date) {
         return;
     }
     const CivilTime civil = civilTime(local);
-    appendDate(text, civil);
-    if (style_ == DateStyle::dateAndTime) appendTime(text, civil, civil.hour);
+    DateText written;
+    written.addDate(civil);
+    if (style_ == DateStyle::dateAndTime) written.addTime(civil, civil.hour);
     if (style_ == DateStyle::dateAndTimeWithAmPm) {
-        appendTime(text, civil, civil.hour % 12 == 0 ? 12 : civil.hour % 12);
-        text.append(civil.hour < 12 ? " AM" : " PM");
+        written.addTime(civil, civil.hour % 12 == 0 ? 12 : civil.hour % 12);
     }
+    text.append(written.view());
+    if (style_ == DateStyle::dateAndTimeWithAmPm) text.append(civil.hour < 12 ? " AM" : " PM");
 }
 
 }  // namespace marquell::platform

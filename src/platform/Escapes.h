@@ -26,27 +26,51 @@ public:
         return extended;
     }
 
+    /// Whether anything in the text is to be replaced.
+    bool concerns(std::string_view text) const { return nextReplaced(text, 0) < text.size(); }
+
     /// Appends the text with its replacements to a `sink` that takes string views.
     template <typename Sink>
     void append(Sink& sink, std::string_view text) const {
         std::size_t start = 0;
-        for (std::size_t i = 0; i < text.size(); ++i) {
-            const auto byte = static_cast<unsigned char>(text[i]);
-            if (!isReplaced_[byte]) continue;
-            sink.append(text.substr(start, i - start));
-            sink.append(replacements_[byte]);
-            start = i + 1;
+        for (;;) {
+            const std::size_t found = nextReplaced(text, start);
+            sink.append(text.substr(start, found - start));
+            if (found == text.size()) return;
+            sink.append(replacements_[static_cast<unsigned char>(text[found])]);
+            start = found + 1;
         }
-        sink.append(text.substr(start));
     }
 
 private:
+    static constexpr std::size_t block = 8;
+
     constexpr void add(std::initializer_list<Row> rows) {
         for (const Row& row : rows) {
             const auto byte = static_cast<unsigned char>(row.character);
             isReplaced_[byte] = true;
             replacements_[byte] = row.replacement;
         }
+    }
+
+    /// Where the next replacement stands at or behind `start`, else the end.
+    std::size_t nextReplaced(std::string_view text, std::size_t start) const {
+        std::size_t from = start;
+        while (text.size() - from >= block && !isAnyReplaced(text, from)) from += block;
+        // What is left may end in a whole block too, whose first bytes were looked at before.
+        const bool hasBlock = text.size() - start >= block && text.size() - from < block;
+        if (hasBlock && !isAnyReplaced(text, text.size() - block)) return text.size();
+        while (from < text.size() && !isReplacedAt(text, from)) ++from;
+        return from;
+    }
+    /// In the block from there on, with one branch: nearly all texts have nothing to replace.
+    bool isAnyReplaced(std::string_view text, std::size_t from) const {
+        bool isAny = false;
+        for (std::size_t i = 0; i < block; ++i) isAny |= isReplacedAt(text, from + i);
+        return isAny;
+    }
+    bool isReplacedAt(std::string_view text, std::size_t at) const {
+        return isReplaced_[static_cast<unsigned char>(text[at])];
     }
 
     std::array<bool, 256> isReplaced_ = {};  // apart, since it is all that most bytes look at
