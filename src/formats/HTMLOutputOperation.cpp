@@ -49,6 +49,7 @@ HTMLOutputOperation::HTMLOutputOperation(const SharedSnapshot& snapshot,
                           std::make_unique<ItemOutputFormatter>(*snapshot)),
       lineBreak_(formats::lineBreak(snapshot->linebreaksMode)),
       indentationUnit_(formats::indentationUnit(snapshot->htmlIndentationMode).size()) {
+    cellEnd_ = "</td>" + std::string(lineBreak_);
     for (int level = 0; level < deepestLevel; ++level) {
         indentation_ += formats::indentationUnit(snapshot->htmlIndentationMode);
     }
@@ -69,7 +70,15 @@ void HTMLOutputOperation::htmlFooter(TextBuffer& text) const {
     text.append("</html>");
 }
 
-void HTMLOutputOperation::appendStart(TextBuffer& text) const {
+void HTMLOutputOperation::appendStart(TextBuffer& text) {
+    const Naming naming = rowOfMode(cellNamings, dataModelSnapshot().htmlColumnClassMode);
+    cellStarts_.clear();
+    for (std::size_t column = 0; column < columns().size(); ++column) {
+        TextBuffer start;
+        start.append(tabs(4));
+        appendOpeningTag(start, cellTag, naming, columns()[column].id, column + 1);
+        cellStarts_.emplace_back(start.view());
+    }
     htmlHeader(text);
     appendLine(text, 2, "<table>");
 }
@@ -91,17 +100,9 @@ void HTMLOutputOperation::appendTitle(TextBuffer& text, std::size_t column) cons
 void HTMLOutputOperation::appendRowStart(TextBuffer& text) const { appendLine(text, 3, "<tr>"); }
 
 void HTMLOutputOperation::appendCell(TextBuffer& text, std::size_t column, const Cell& cell) const {
-    formatOneItem(text, cell.text, columns()[column].id, column + 1);
-}
-
-void HTMLOutputOperation::formatOneItem(TextBuffer& text, std::string_view item,
-                                        std::string_view columnId, std::size_t counter) const {
-    const Naming naming = rowOfMode(cellNamings, dataModelSnapshot().htmlColumnClassMode);
-    text.append(tabs(4));
-    appendOpeningTag(text, cellTag, naming, columnId, counter);
-    appendHtmlEscaped(text, item);
-    text.append("</td>");
-    text.append(lineBreak_);
+    text.append(cellStarts_[column]);
+    appendHtmlEscaped(text, cell.text);
+    text.append(cellEnd_);
 }
 
 void HTMLOutputOperation::appendRowEnd(TextBuffer& text, bool) const {

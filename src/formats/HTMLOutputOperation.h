@@ -40,7 +40,7 @@ protected:
 
 private:
     bool hasTitles() const override;
-    void appendStart(platform::TextBuffer& text) const override;
+    void appendStart(platform::TextBuffer& text) override;
     void appendTitle(platform::TextBuffer& text, std::size_t column) const override;
     void appendRowStart(platform::TextBuffer& text) const override;
     void appendCell(platform::TextBuffer& text, std::size_t column,
@@ -48,14 +48,14 @@ private:
     void appendRowEnd(platform::TextBuffer& text, bool isLast) const override;
     void appendEnd(platform::TextBuffer& text) const override;
 
-    void formatOneItem(platform::TextBuffer& text, std::string_view item, std::string_view columnId,
-                       std::size_t counter) const;
     void appendLine(platform::TextBuffer& text, int level, std::string_view line) const;
     std::string_view tabs(int level) const;
 
     std::string_view lineBreak_;
-    std::size_t indentationUnit_;  ///< bytes of one level
-    std::string indentation_;      ///< of the deepest level
+    std::size_t indentationUnit_;          ///< bytes of one level
+    std::string indentation_;              ///< of the deepest level
+    std::vector<std::string> cellStarts_;  ///< of each column, up to the text
+    std::string cellEnd_;
 };
 
 }  // namespace marquell::formats

@@ -27,16 +27,24 @@ constexpr std::array<Sign, 6> signs = {{
     {"\u00AE", "&reg;"},
 }};
 
-/// The first bytes of the signs, and of little else that texts hold.
+/// What begins a sign, and much else such as dashes and typographic quotes.
 constexpr platform::Escapes signStarts = {{'\xC2', ""}, {'\xE2', ""}};
 /// What a text without passes as it is, as nearly all do.
 constexpr platform::Escapes special = markup.with({{'\xC2', ""}, {'\xE2', ""}});
+
+/// Finding the characters takes a hundred times as long as all the rest.
+bool hasSigns(std::string_view text) {
+    return signStarts.concerns(text) &&
+           std::any_of(signs.begin(), signs.end(), [text](const Sign& sign) {
+               return text.find(sign.character) != std::string_view::npos;
+           });
+}
 
 }  // namespace
 
 void appendHtmlEscaped(platform::TextBuffer& html, std::string_view text) {
     if (!special.concerns(text)) return html.append(text);
-    if (!signStarts.concerns(text)) return markup.append(html, text);
+    if (!hasSigns(text)) return markup.append(html, text);
     platform::forEachCharacter(text, [&html](std::string_view character) {
         const auto sign = std::find_if(signs.begin(), signs.end(), [character](const Sign& row) {
             return row.character == character;

@@ -33,7 +33,8 @@ public:
         : ListOutputOperation(snapshot, owner, std::move(list),
                               std::make_unique<JSONItemOutputFormatter>(*snapshot)),
           indentation_(indentationUnit(snapshot->jsonIndentationMode)),
-          lineBreak_(formats::lineBreak(snapshot->linebreaksMode)) {
+          lineBreak_(formats::lineBreak(snapshot->linebreaksMode)),
+          memberEnd_("," + std::string(lineBreak_)) {
         for (const pipeline::Column& column : columns()) {
             TextBuffer start;
             start.append(indentation_);
@@ -45,12 +46,12 @@ public:
     }
 
 private:
-    void appendStart(TextBuffer& text) const override { appendLine(text, {"["}); }
+    void appendStart(TextBuffer& text) override { appendLine(text, {"["}); }
     void appendRowStart(TextBuffer& text) const override { appendLine(text, {indentation_, "{"}); }
     void appendCell(TextBuffer& text, std::size_t column, const Cell& cell) const override {
         text.append(memberStarts_[column]);
         appendValue(text, cell);
-        appendLine(text, {column + 1 == columns().size() ? "" : ","});
+        text.append(column + 1 < columns().size() ? memberEnd_ : lineBreak_);
     }
     void appendRowEnd(TextBuffer& text, bool isLast) const override {
         appendLine(text, {indentation_, isLast ? "}" : "},"});
@@ -86,6 +87,7 @@ private:
 
     const std::string_view indentation_;
     const std::string_view lineBreak_;
+    const std::string memberEnd_;            ///< of all but the last
     std::vector<std::string> memberStarts_;  ///< of each column, up to the value
 };
 

@@ -17,6 +17,9 @@ using platform::TextBuffer;
 
 std::vector<Column> columnsOf(const platform::TextList& ids) { return {ids.begin(), ids.end()}; }
 
+/// Whether a column's values come from the store and nowhere else.
+bool hasStoredValues(const Column& column) { return column.origin == Column::Origin::source; }
+
 /// A value as a cell by the item formatter. The text is put into `storage`.
 struct CellReader {
     MetadataItemFormatterType& formatter;
@@ -62,7 +65,12 @@ ListOutputOperation::ListOutputOperation(
       columns_(columnsOf(snapshot_->columnList)),
       itemFormatter_(std::move(itemFormatter)),
       cells_(columns_.size()),
-      cellStorage_(columns_.size()) {}
+      cellStorage_(columns_.size()) {
+    for (const Column& column : columns_) {
+        if (hasStoredValues(column)) storedIds_.push_back({column.key, *column.source});
+    }
+    storedValues_.resize(storedIds_.size());
+}
 
 void ListOutputOperation::main() {
     if (isCancelled()) return;
@@ -130,9 +138,21 @@ bool ListOutputOperation::appendRow(TextBuffer& text, std::size_t row,
 }
 
 void ListOutputOperation::readCells(Node& node) {
+    const bool areStored = readStoredValues(node);
+    auto stored = storedValues_.begin();
     for (std::size_t i = 0; i < columns_.size(); ++i) {
-        cells_[i] = readCell(node, columns_[i], cellStorage_[i]);
+        if (areStored && hasStoredValues(columns_[i])) {
+            cells_[i] = std::visit(CellReader{*itemFormatter_, cellStorage_[i]}, *stored++);
+        } else {
+            cells_[i] = readCell(node, columns_[i], cellStorage_[i]);
+        }
     }
+}
+
+/// Reads all stored values of a row in one look-up. False if one has to be extracted first.
+bool ListOutputOperation::readStoredValues(const Node& node) {
+    return !storedIds_.empty() && metadata::MetadataStorage::shared().getValuesIfRetrieved(
+                                      node.pathKey(), storedIds_, storedValues_);
 }
 
 Cell ListOutputOperation::readCell(Node& node, const Column& column, std::string& storage) {

@@ -10,6 +10,8 @@
 #include "formats/Cell.h"
 #include "formats/MetadataItemFormatterType.h"
 #include "formats/OutputFormatType.h"
+#include "metadata/MetadataStorage.h"
+#include "metadata/WrappedMetaDataValue.h"
 #include "pipeline/Column.h"
 #include "platform/Disposal.h"
 
@@ -49,7 +51,8 @@ protected:
                         std::shared_ptr<const pipeline::FlatFileList> flatFileList,
                         std::unique_ptr<MetadataItemFormatterType> itemFormatter);
 
-    virtual void appendStart(platform::TextBuffer&) const {}
+    /// A format may prepare here what it needs for the rows.
+    virtual void appendStart(platform::TextBuffer&) {}
     virtual bool hasTitles() const { return false; }
     virtual void appendTitle(platform::TextBuffer&, std::size_t /*column*/) const {}
     virtual void appendRowStart(platform::TextBuffer&) const {}
@@ -68,6 +71,7 @@ private:
     template <typename Watch>
     bool appendRow(platform::TextBuffer& text, std::size_t row, const Watch& isEnough) const;
     void readCells(pipeline::Node& node);
+    bool readStoredValues(const pipeline::Node& node);
     Cell readCell(pipeline::Node& node, const pipeline::Column& column, std::string& storage);
 
     pipeline::StageOwner& owner_;
@@ -78,6 +82,9 @@ private:
     std::shared_ptr<platform::TextBuffer> text_ =
         platform::makeDisposedOnWorker<platform::TextBuffer>();
     std::atomic<std::size_t> rowsDone_ = 0;
+    /// What the columns with a source are stored under, in their order, and the values of a row.
+    std::vector<metadata::MetadataStorage::ValueId> storedIds_;
+    std::vector<metadata::WrappedMetaDataValue> storedValues_;
     std::vector<Cell> cells_;
     std::vector<std::string> cellStorage_;
 };

@@ -130,6 +130,19 @@ std::optional<WrappedMetaDataValue> MetadataStorage::getValueIfRetrieved(
     return record->find(key, source);
 }
 
+bool MetadataStorage::getValuesIfRetrieved(const PathKey& fullPath, std::span<const ValueId> ids,
+                                           std::span<WrappedMetaDataValue> values) const {
+    const Shard& shard = shardOf(fullPath);
+    const std::lock_guard lock(shard.mutex);
+    const PathRecord* record = shard.records->find(fullPath);
+    if (record == nullptr) return false;
+    for (std::size_t i = 0; i < ids.size(); ++i) {
+        if (!record->isRetrieved(ids[i].source)) return false;
+        values[i] = record->find(ids[i].key, ids[i].source);
+    }
+    return true;
+}
+
 std::optional<MetadataStorage::Ticket> MetadataStorage::beginRetrieval(const PathKey& fullPath,
                                                                        MetadataSource source) {
     Shard& shard = shardOf(fullPath);

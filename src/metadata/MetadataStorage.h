@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -64,6 +65,16 @@ public:
     std::optional<WrappedMetaDataValue> getValueIfRetrieved(const PathKey& fullPath,
                                                             MetadataKey key,
                                                             MetadataSource source) const;
+
+    /// A value of a path, by what it is stored under.
+    struct ValueId {
+        MetadataKey key;
+        MetadataSource source;
+    };
+    /// The values of all ids if all their sources have finished with the path, in one look-up;
+    /// otherwise false. `values` has a place for each id.
+    bool getValuesIfRetrieved(const PathKey& fullPath, std::span<const ValueId> ids,
+                              std::span<WrappedMetaDataValue> values) const;
 
     /// Says which content of the store a retrieval was begun for.
     enum class Ticket : std::uint32_t {};

@@ -18,6 +18,10 @@ class DateText {
 public:
     /// At least four digits.
     void addYear(std::int64_t year) {
+        if (year >= 0 && year <= 9999) {
+            addTwoDigits(static_cast<unsigned>(year) / 100);
+            return addTwoDigits(static_cast<unsigned>(year) % 100);
+        }
         if (year < 0) *end_++ = '-';
         const std::uint64_t digits = static_cast<std::uint64_t>(year < 0 ? -year : year);
         for (const std::uint64_t limit : {1000U, 100U, 10U}) {
@@ -25,10 +29,13 @@ public:
         }
         end_ = std::to_chars(end_, characters_.end(), digits).ptr;
     }
-    void addTwoDigits(char before, unsigned value) {
-        *end_++ = before;
+    void addTwoDigits(unsigned value) {
         *end_++ = static_cast<char>('0' + value / 10);
         *end_++ = static_cast<char>('0' + value % 10);
+    }
+    void addTwoDigits(char before, unsigned value) {
+        *end_++ = before;
+        addTwoDigits(value);
     }
     void addDate(const CivilTime& civil) {
         addYear(civil.year);

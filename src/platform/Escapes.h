@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <initializer_list>
 #include <string_view>
+#include <utility>
 
 namespace marquell::platform {
 
@@ -65,9 +66,10 @@ private:
     }
     /// In the block from there on, with one branch: nearly all texts have nothing to replace.
     bool isAnyReplaced(std::string_view text, std::size_t from) const {
-        bool isAny = false;
-        for (std::size_t i = 0; i < block; ++i) isAny |= isReplacedAt(text, from + i);
-        return isAny;
+        return [&]<std::size_t... at>(std::index_sequence<at...>) {
+            return (isReplacedAt(text, from + at) | ...) != 0;
+        }
+        (std::make_index_sequence<block>());
     }
     bool isReplacedAt(std::string_view text, std::size_t at) const {
         return isReplaced_[static_cast<unsigned char>(text[at])];

@@ -31,7 +31,7 @@ public:
     std::size_t size() const { return size_; }
 
 private:
-    void grow(std::size_t needed) { memory_.growTo(size_ + needed + size_ / 8 + 64); }
+    void grow(std::size_t needed) { memory_.growTo(size_ + needed + size_ / 2 + 64); }
 
     GrowingMemory memory_;
     std::size_t size_ = 0;
