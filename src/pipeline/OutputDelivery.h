@@ -16,7 +16,8 @@ public:
     /// Null while there is no text.
     virtual std::shared_ptr<const platform::TextBuffer> currentOutputString() const = 0;
 
-    /// Writes the text to a file that the user chooses, if they choose one.
+    /// Writes the text to a file that the user chooses, if they choose one. This object may have
+    /// gone when it returns: the user may close the window meanwhile.
     virtual void askForDestinantionAndWriteToFile() = 0;
 
     virtual platform::Pasteboard& pasteboard() = 0;

@@ -170,18 +170,28 @@ std::vector<std::string> OutputEngine::allowedFileTypes() const {
     return currentOutputFormat().allowedFileTypes();
 }
 
+void OutputEngine::performCommitAction() {
+    if (maySave()) currentOutput().format->performCommitAction(*this);
+}
+
 void OutputEngine::askForDestinantionAndWriteToFile() {
     if (display_ == nullptr) return;
-    if (const auto path = display_->showSaveDialog()) writeOutputTo(*path);
+    // A dialog runs the main queue: meanwhile the text may change, or the engine go.
+    const CurrentOutput output = currentOutput();
+    const std::weak_ptr alive = self_;
+    const std::optional<std::string> path = display_->showSaveDialog();
+    if (path && !alive.expired()) write(output, *path);
 }
 
 std::optional<platform::TextWriteProblem> OutputEngine::writeOutputTo(const std::string& path) {
-    const DataModelSnapshot snapshot = dataModel_.createSnapshot();
-    const CurrentOutput output = currentOutput();
+    return write(currentOutput(), path);
+}
+
+std::optional<platform::TextWriteProblem> OutputEngine::write(const CurrentOutput& output,
+                                                              const std::string& path) const {
     if (output.text == nullptr) return std::nullopt;
-    // By the format that made the text: while a dialog is open, another may be chosen.
     return platform::writeTextFile(path, output.text->view(),
-                                   output.format->fileEncoding(snapshot));
+                                   output.format->fileEncoding(dataModel_.createSnapshot()));
 }
 
 void OutputEngine::clearOutputPreviewTextView() {

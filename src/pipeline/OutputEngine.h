@@ -68,7 +68,12 @@ public:
     /// Its extensions for files; none if it is not for files.
     std::vector<std::string> allowedFileTypes() const;
 
-    /// Quiet about a file that can't be written; the text stays where it is.
+    /// What the commit button does: saves or copies the newest text as its format wants. Nothing
+    /// while another text is to come. The engine may have gone when this returns.
+    void performCommitAction();
+
+    /// Saves the text of this moment. Quiet about a file that can't be written; the text stays
+    /// where it is.
     void askForDestinantionAndWriteToFile() override;
 
     /// Writes the newest text to a file, whole or not at all, in the encoding that the settings
@@ -109,6 +114,8 @@ private:
     void updatePreviewTable();
     std::shared_ptr<const FlatFileList> currentList() const;
     CurrentOutput currentOutput() const;
+    std::optional<platform::TextWriteProblem> write(const CurrentOutput& output,
+                                                    const std::string& path) const;
     void outputIsReady(bool ready);
     void queueIsDrained();
     void showCurrentText();

@@ -38,7 +38,10 @@ public:
         EXPECT_FALSE(isWaiting);
         maySave = true;
     }
-    std::optional<std::string> showSaveDialog() override { return destination; }
+    std::optional<std::string> showSaveDialog() override {
+        if (duringDialog) duringDialog();
+        return destination;
+    }
     void updateTable(std::shared_ptr<const pipeline::FlatFileList> flatFileList) override {
         const bool isNew = list == nullptr || list->files.empty() || flatFileList->files.empty() ||
                            flatFileList->files.front() != list->files.front();
@@ -51,6 +54,7 @@ public:
     std::string text;
     std::shared_ptr<const pipeline::FlatFileList> list;
     std::optional<std::string> destination;  ///< what the user answers to the save dialog
+    std::function<void()> duringDialog;
     std::vector<std::string> events;
 };
 

@@ -143,16 +143,19 @@ TEST_F(OutputEngineTest, SavesWhereTheUserSaysInTheEncodingOfTheMoment) {
     model->sourceList.add({root / "a\u0308"}, false);
     model->columnList.deleteAt({1});
     startEngine();
-    engine->currentOutputFormat().performCommitAction(*engine);
+    display.destination = config / "early";
+    engine->performCommitAction();
+    EXPECT_FALSE(std::filesystem::exists(config / "early")) << "no text yet";
     settle();
     EXPECT_THAT(engine->allowedFileTypes(), ElementsAre("csv", "text"));
     EXPECT_EQ(engine->currentOutputFormat().actionButtonTitle(), "Save");
     const auto save = [this](const std::string& path) {
         display.destination = path;
-        engine->currentOutputFormat().performCommitAction(*engine);
+        engine->performCommitAction();
         return tests::contentOf(path);
     };
-    engine->currentOutputFormat().performCommitAction(*engine);
+    display.destination.reset();
+    engine->performCommitAction();
     EXPECT_EQ(save(config / "list"), "\"a\u0308\"\n");
     display.events.clear();
     model->encodingMode->setValue(2);
@@ -173,21 +176,40 @@ TEST_F(OutputEngineTest, SavesWhereTheUserSaysInTheEncodingOfTheMoment) {
     EXPECT_THAT(pasteboard.types(), IsEmpty());
 }
 
+TEST_F(OutputEngineTest, MuchMayHappenWhileTheUserChoosesAFile) {
+    model->columnList.deleteAt({0, 1});
+    startEngine();
+    settle();
+    display.destination = config / "list";
+    display.duringDialog = [this] {
+        model->outputFormat->setValue(OutputFormatIndexEnum::HTML);
+        settle();
+    };
+    model->includeColumnTitlesMode->setValue(1);
+    settle();
+    engine->performCommitAction();
+    EXPECT_EQ(tests::contentOf(config / "list"), "\n") << "the text of before";
+    display.destination = config / "none";
+    display.duringDialog = [this] { engine.reset(); };
+    engine->performCommitAction();
+    EXPECT_FALSE(std::filesystem::exists(config / "none"));
+}
+
 TEST_F(OutputEngineTest, FillsTheClipboardWithWhatTheFormatIsFor) {
     using platform::PasteboardType;
     const auto bothTypes = ElementsAre(PasteboardType::tabularText, PasteboardType::string);
     startEngine();
     model->outputFormat->setValue(OutputFormatIndexEnum::CopyToExcel);
-    engine->currentOutputFormat().performCommitAction(*engine);
+    engine->performCommitAction();
     EXPECT_THAT(pasteboard.types(), IsEmpty()) << "no text yet";
     settle();
-    engine->currentOutputFormat().performCommitAction(*engine);
+    engine->performCommitAction();
     EXPECT_THAT(pasteboard.types(), bothTypes);
     EXPECT_EQ(pasteboard.data(PasteboardType::tabularText), "");
     EXPECT_EQ(pasteboard.data(PasteboardType::string), "");
     model->outputFormat->setValue(OutputFormatIndexEnum::CopyToHTML);
     settle();
-    engine->currentOutputFormat().performCommitAction(*engine);
+    engine->performCommitAction();
     EXPECT_EQ(engine->currentOutputFormat().actionButtonTitle(), "Copy to Clipboard");
     EXPECT_THAT(pasteboard.types(), bothTypes);
     EXPECT_EQ(pasteboard.data(PasteboardType::tabularText), std::nullopt);
