@@ -13,6 +13,7 @@
 #include <random>
 
 #include "platform/FileDescriptor.h"
+#include "platform/FileHeritage.h"
 #include "platform/FileSystem.h"
 #include "platform/Path.h"
 
@@ -109,14 +110,9 @@ public:
         return ::fsync(file_.get()) != 0 ? errno : 0;
     }
 
-    /// Gives the file the owner, group and mode of `old`, as far as we may set them. What they
-    /// allowed one group must not be allowed to another, nor may a set-id bit change hands.
-    int takeModeOf(const struct stat& old) const {
-        constexpr uid_t unchanged = static_cast<uid_t>(-1);
-        const bool sameGroup = ::fchown(file_.get(), unchanged, old.st_gid) == 0;
-        const bool sameOwner = ::fchown(file_.get(), old.st_uid, unchanged) == 0;
-        const mode_t kept = sameGroup ? (sameOwner ? 07777 : 0777) : 0707;
-        return ::fchmod(file_.get(), old.st_mode & kept) != 0 ? errno : 0;
+    int inherit(const std::string& path, const struct stat& old) const {
+        inheritUserAttributes(path, file_.get());
+        return inheritAccess(path, old, file_.get());
     }
 
     int rename() {
@@ -174,8 +170,8 @@ int replaceFile(const std::string& path, const struct stat* old, const ByteSourc
     TemporaryFile file(path, old == nullptr ? how.newMode : 0600, how.isAlone);
     if (file.error() != 0) return file.error();
     if (const int error = file.write(source); error != 0) return error;
-    const int modeError = old != nullptr ? file.takeModeOf(*old) : 0;
-    return modeError != 0 ? modeError : file.rename();
+    const int heritageError = old != nullptr ? file.inherit(path, *old) : 0;
+    return heritageError != 0 ? heritageError : file.rename();
 }
 
 }  // namespace

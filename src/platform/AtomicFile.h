@@ -18,11 +18,12 @@ struct AtomicWriting {
 };
 
 /// Puts the bytes of `source` at `path` whole or not at all. A regular file, or a new one, is
-/// written beside the target under a temporary name, synced and renamed over it; the mode of an old
-/// file is kept and links are followed. A FIFO or device is written straight, and so is a
-/// descriptor of ours, to which /dev/stdout leads: what the descriptor's file already holds stays.
-/// Returns 0 or errno, be it the source's; after a failure the old file stands and nothing else is
-/// left behind.
+/// written beside the target under a temporary name, synced and renamed over it; links are
+/// followed. What an old file had beside its content is kept as far as may be (see FileHeritage.h),
+/// but its other hard links keep the old content, and that it was protected from writing does not
+/// save it. A FIFO or device is written straight, and so is a descriptor of ours, to which
+/// /dev/stdout leads: what the descriptor's file already holds stays. Returns 0 or errno, be it the
+/// source's; after a failure the old file stands and nothing else is left behind.
 int writeFileAtomically(const std::string& path, const ByteSource& source,
                         const AtomicWriting& how = {});
 int writeFileAtomically(const std::string& path, std::string_view bytes,

@@ -2,12 +2,12 @@
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
+#include <sys/xattr.h>
 
+#include <array>
 #include <cerrno>
-#include <csignal>
+#include <cstdint>
 #include <string>
 #include <thread>
 #include <utility>
@@ -15,6 +15,7 @@
 #include "platform/AtomicFile.h"
 #include "platform/DescriptorIo.h"
 #include "platform/FileDescriptor.h"
+#include "platform/FileSystem.h"
 #include "platform/Surroundings.h"
 
 namespace marquell::platform {
@@ -81,23 +82,58 @@ TEST(AtomicFile, LeavesTheOldFileAndNothingElseOnFailure) {
     EXPECT_EQ(tests::contentOf(folder / "file"), "old");
 }
 
-TEST(AtomicFile, LeavesTheOldFileWhenTheDiskTakesOnlyAPart) {
+struct AccessEntry {
+    std::uint16_t tag;
+    std::uint16_t permissions;
+    std::uint32_t id;
+};
+
+bool setAccess(const std::string& path, const char* name, std::uint16_t ofGroup,
+               std::uint16_t ofNamed) {
+    constexpr std::uint32_t nobody = UINT32_MAX;
+    const std::uint32_t version = 2;
+    const std::array<AccessEntry, 5> entries = {{{0x01, 6, nobody},  // owner
+                                                 {0x02, ofNamed, 12345},
+                                                 {0x04, ofGroup, nobody},
+                                                 {0x10, 6, nobody},  // mask
+                                                 {0x20, 0, nobody}}};
+    std::string list(reinterpret_cast<const char*>(&version), sizeof version);
+    list.append(reinterpret_cast<const char*>(entries.data()), sizeof entries);
+    return ::setxattr(path.c_str(), name, list.data(), list.size(), 0) == 0;
+}
+
+std::string attribute(const std::string& path, const char* name) {
+    int error = 0;
+    return extendedAttribute(path, name, error).value_or("none");
+}
+
+TEST(AtomicFile, OpensTheNewFileToNobodyElse) {
     const tests::TemporaryFolder folder;
-    tests::writeFile(folder / "file", "old");
     const std::string path = folder / "file";
-    const std::string large(300'000, 'x');
-    const pid_t child = ::fork();
-    if (child == 0) {
-        std::signal(SIGXFSZ, SIG_IGN);
-        const rlimit limit = {100'000, 100'000};
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-        ::_exit(writeFileAtomically(path, large) == EFBIG ? 7 : 1);
+    tests::writeFile(path, "old");
+    if (!setAccess(path, "system.posix_acl_access", 0, 6)) GTEST_SKIP() << "no access lists here";
+    const std::string list = attribute(path, "system.posix_acl_access");
+    EXPECT_EQ(writeFileAtomically(path, "new"), 0);
+    EXPECT_EQ(attribute(path, "system.posix_acl_access"), list);
+    EXPECT_EQ(modeOf(path), 0660U);
+
+    ASSERT_TRUE(setAccess(folder.path(), "system.posix_acl_default", 6, 6));
+    ASSERT_EQ(::removexattr(path.c_str(), "system.posix_acl_access"), 0);
+    ASSERT_EQ(::chmod(path.c_str(), 0640), 0);
+    EXPECT_EQ(writeFileAtomically(path, "newer"), 0);
+    EXPECT_EQ(attribute(path, "system.posix_acl_access"), "none") << "the folder's default";
+    EXPECT_EQ(modeOf(path), 0640U);
+}
+
+TEST(AtomicFile, KeepsWhatTheUserAttachedToTheFile) {
+    const tests::TemporaryFolder folder;
+    const std::string path = folder / "file";
+    tests::writeFile(path, "old");
+    if (::setxattr(path.c_str(), "user.xdg.tags", "a,b", 3, 0) != 0) {
+        GTEST_SKIP() << "no extended attributes here";
     }
-    int status = 0;
-    ASSERT_EQ(::waitpid(child, &status, 0), child);
-    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 7) << status;
-    EXPECT_THAT(folder.names(), ElementsAre("file"));
-    EXPECT_EQ(tests::contentOf(path), "old");
+    EXPECT_EQ(writeFileAtomically(path, "new"), 0);
+    EXPECT_EQ(attribute(path, "user.xdg.tags"), "a,b");
 }
 
 TEST(AtomicFile, WritesStraightToWhatIsNoRegularFile) {
