@@ -1,15 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/DiagnosticText.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstdint>
 
 #include "platform/Utf8.h"
 
 namespace marquell::platform {
 namespace {
 
-constexpr std::size_t maximumCharacters = 200;
+constexpr std::size_t maximumLength = 600;
+/// Of a longer one: paths differ at their ends, and begin with what tells where they are.
+constexpr std::size_t shownStart = 200;
+constexpr std::size_t shownEnd = 350;
 
 struct Range {
     char32_t first;
@@ -34,31 +39,44 @@ bool isHidden(char32_t codePoint) {
     return false;
 }
 
-void appendEscape(std::string& text, char32_t codePoint) {
+void appendEscape(std::string& text, char kind, std::uint32_t number) {
     std::array<char, 8> digits{};
-    const auto end =
-        std::to_chars(digits.begin(), digits.end(), static_cast<std::uint32_t>(codePoint), 16).ptr;
-    text.append("\\u{").append(digits.begin(), end).append("}");
+    const auto end = std::to_chars(digits.begin(), digits.end(), number, 16).ptr;
+    text.append({'\\', kind, '{'}).append(digits.begin(), end).append("}");
 }
+
+void appendSafely(std::string& text, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const std::size_t length = utf8SequenceLength(bytes);
+        if (length == 0) {
+            appendEscape(text, 'x', static_cast<unsigned char>(bytes.front()));
+        } else if (const char32_t codePoint = firstCodePoint(bytes); isHidden(codePoint)) {
+            appendEscape(text, 'u', codePoint);
+        } else {
+            text.append(bytes.substr(0, length));
+        }
+        bytes.remove_prefix(std::max<std::size_t>(length, 1));
+    }
+}
+
+bool isContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
 
 }  // namespace
 
 std::string diagnosticText(std::string_view bytes) {
-    // A character has at most four bytes, so the rest of a huge input needs no look.
-    const std::string valid = displayText(bytes.substr(0, 4 * maximumCharacters + 4));
-    std::string_view rest = valid;
     std::string text;
-    for (std::size_t count = 0; !rest.empty(); ++count) {
-        if (count == maximumCharacters) return text + "…";
-        const std::size_t length = utf8SequenceLength(rest);
-        const char32_t codePoint = firstCodePoint(rest);
-        if (isHidden(codePoint)) {
-            appendEscape(text, codePoint);
-        } else {
-            text.append(rest.substr(0, length));
-        }
-        rest.remove_prefix(length);
+    if (bytes.size() <= maximumLength) {
+        appendSafely(text, bytes);
+        return text;
     }
+    // No character is cut apart; of what isn't text, up to three bytes more are left out.
+    std::size_t start = shownStart;
+    std::size_t end = bytes.size() - shownEnd;
+    for (int i = 0; i < 3 && isContinuation(bytes[start]); ++i) --start;
+    for (int i = 0; i < 3 && isContinuation(bytes[end]); ++i) ++end;
+    appendSafely(text, bytes.substr(0, start));
+    text.append("…");
+    appendSafely(text, bytes.substr(end));
     return text;
 }
 

@@ -113,21 +113,21 @@ TEST(UnicodeText, CountsWhatUsersSeeAsCharacters) {
 }
 
 TEST(DiagnosticText, CannotForgeLinesOrSteerTerminals) {
-    const std::string twoHundred(200, 'x');
-    std::string wide;
-    for (int i = 0; i < 201; ++i) wide += "😀";
+    const std::string uncut(600, 'x');
+    std::string wide = "y";  // cut within a character on both sides
+    for (int i = 0; i < 200; ++i) wide += "😀";
     for (const auto& [bytes, shown] :
          {std::pair<std::string, std::string>{"a b\"é", "a b\"é"},
           {std::string("\0\n", 2), "\\u{0}\\u{a}"},
           {"\x1b[2J\x7f\u009b", "\\u{1b}[2J\\u{7f}\\u{9b}"},
           {"\u202Egpj\u2066\u200F\u2028", "\\u{202e}gpj\\u{2066}\\u{200f}\\u{2028}"},
-          {"\x9b\xff", "\uFFFD\uFFFD"},
-          {twoHundred, twoHundred},
-          {twoHundred + "y", twoHundred + "…"},
-          {wide, wide.substr(0, 800) + "…"},
-          {std::string(1000, '\xff') + "\n", displayText(std::string(200, '\xff')) + "…"}}) {
+          {"\x9b\xff", "\\x{9b}\\x{ff}"},
+          {uncut, uncut},
+          {uncut + "y", uncut.substr(0, 200) + "…" + uncut.substr(0, 349) + "y"},
+          {wide, wide.substr(0, 197) + "…" + wide.substr(1, 348)}}) {
         EXPECT_EQ(diagnosticText(bytes), shown);
     }
+    EXPECT_LT(diagnosticText(std::string(1'000'000, '\x80')).size(), 4000U);
 }
 
 TEST(TextBuffer, HoldsWhatWasAppended) {

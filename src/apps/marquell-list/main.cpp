@@ -62,7 +62,7 @@ ExitStatus print(std::string_view text) {
     std::_Exit(static_cast<int>(ExitStatus::notDelivered));
 }
 
-/// "ISO-8859-1 has no U+4E2D "..." (row 3, column "name", "/a/...")", rows counted without titles.
+/// What the encoding lacks and where it was found; rows are counted without titles.
 std::string lackingCharacter(formats::OutputFormatOperationType& output,
                              platform::TextEncoding encoding,
                              const platform::UnencodableCharacter& found) {
@@ -71,7 +71,8 @@ std::string lackingCharacter(formats::OutputFormatOperationType& output,
         place.row ? "row " + std::to_string(*place.row + 1) : "the row of titles";
     return std::string(platform::encodingName(encoding)) + " has no " +
            characterName(found.character) + " (" + row + ", column " + quoted(place.columnId) +
-           (place.node == nullptr ? "" : ", " + quoted(place.node->absolutePath())) + ")";
+           (place.node == nullptr ? "" : ", " + quoted(place.node->absolutePath())) +
+           "); UTF-8 (encodingMode=0) has all characters";
 }
 
 /// Tells of columns that stay empty because nothing delivers their source.
