@@ -16,6 +16,7 @@
 #include "platform/FileHeritage.h"
 #include "platform/FileSystem.h"
 #include "platform/Path.h"
+#include "platform/UnfinishedFile.h"
 
 namespace marquell::platform {
 namespace {
@@ -124,6 +125,7 @@ public:
             return errno;
         }
         name_.clear();
+        unfinished_.forget();
         // The file is in place; whether the folder's own entry is durable is the disk's affair.
         const FileDescriptor folder(
             ::openat(folder_.get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
@@ -143,9 +145,11 @@ private:
         int error = EEXIST;
         for (int attempt = 0; attempt < 100 && error == EEXIST; ++attempt) {
             const std::string name = stem + (isAlone_ ? "new" : std::to_string(random()));
+            unfinished_.note(folder_.get(), name);
             error = take(name.c_str()) ? 0 : errno;
             if (error == 0) name_ = name;
         }
+        if (error != 0) unfinished_.forget();
         return error;
     }
 
@@ -160,6 +164,7 @@ private:
     std::string targetName_;
     bool isAlone_;
     std::string name_;  ///< empty while it has none
+    UnfinishedFile unfinished_;
     FileDescriptor file_;
     int error_ = 0;
 };

@@ -3,8 +3,8 @@
 //     FAULTS_FROM  end of a path: calls are counted, each name for itself, from the first with it
 //     on FAULTS_LOG   a file that takes the name of each counted call as a line, before the call
 //     FAULTS_PLAN  "NAME:K:HOW ...": what happens to the K-th call of NAME, or to each if K is 0.
-//                  HOW is an errno, "short" (half of a write), or "before" or "behind" which
-//                  SIGKILL
+//                  HOW is an errno, "short" (half of a write), "before" or "behind" which
+//                  SIGKILL, or "term" behind which SIGTERM
 // The names are those of the functions; openings that make a file are called "tmpfile" or "create".
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -65,6 +65,7 @@ auto carryOut(const std::string& how, const Call& call) -> decltype(call()) {
     }
     const auto result = call();
     if (how == "behind") ::raise(SIGKILL);
+    if (how == "term") ::raise(SIGTERM);
     return result;
 }
 

@@ -84,7 +84,7 @@ def write(name, texts, encoding="utf-8", **settings):
     done = subprocess.run(
         [WRITER, str(FORMATS[name]), *(f"{key}={value}" for key, value in settings.items())],
         input=b"".join(b"%d:%b" % (len(text), text) for text in head + texts),
-        stdout=subprocess.PIPE, check=True, timeout=20)
+        stdout=subprocess.PIPE, check=True, timeout=60)
     return done.stdout.decode(encoding)
 
 

@@ -26,6 +26,7 @@
 #include "platform/AtomicFile.h"
 #include "platform/DescriptorIo.h"
 #include "platform/TextFile.h"
+#include "platform/UnfinishedFile.h"
 #include "platform/Workers.h"
 
 namespace marquell::apps {
@@ -150,6 +151,7 @@ int main(int argumentCount, char** arguments) {
     occupyClosedStreams();
     // A reader that went away or a limit on file sizes is an error of the write, not our end.
     for (const int signal : {SIGPIPE, SIGXFSZ}) std::signal(signal, SIG_IGN);
+    marquell::platform::tidyUpOnSignals();
     std::setlocale(LC_ALL, "");
     std::set_new_handler(&endOutOfMemory);
     return static_cast<int>(
