@@ -11,9 +11,9 @@ namespace {
 
 class CopyToExcelOutputOperation final : public DelimitedOutputOperation {
 public:
-    CopyToExcelOutputOperation(SharedSnapshot snapshot, pipeline::StageOwner& owner,
+    CopyToExcelOutputOperation(const SharedSnapshot& snapshot, pipeline::StageOwner& owner,
                                SharedList list)
-        : DelimitedOutputOperation(std::move(snapshot), owner, std::move(list),
+        : DelimitedOutputOperation(snapshot, owner, std::move(list),
                                    {.fieldSeparator = '\t',
                                     .quotesFields = true,
                                     .escapes = doubledQuotes,

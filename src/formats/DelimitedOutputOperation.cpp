@@ -26,10 +26,10 @@ RecordLayout DelimitedOutputOperation::layoutBySettings(
             lineBreak(snapshot.linebreaksMode)};
 }
 
-DelimitedOutputOperation::DelimitedOutputOperation(
-    std::shared_ptr<const pipeline::DataModelSnapshot> dataModelSnapshot,
-    pipeline::StageOwner& owner, std::shared_ptr<const pipeline::FlatFileList> flatFileList,
-    const RecordLayout& layout)
+DelimitedOutputOperation::DelimitedOutputOperation(const SharedSnapshot& dataModelSnapshot,
+                                                   pipeline::StageOwner& owner,
+                                                   SharedList flatFileList,
+                                                   const RecordLayout& layout)
     : ListOutputOperation(dataModelSnapshot, owner, std::move(flatFileList),
                           std::make_unique<ItemOutputFormatter>(*dataModelSnapshot)),
       layout_(layout) {}

@@ -21,10 +21,8 @@ struct RecordLayout {
 /// node. Numbers, dates and missing values are fields like any other.
 class DelimitedOutputOperation : public ListOutputOperation {
 protected:
-    DelimitedOutputOperation(std::shared_ptr<const pipeline::DataModelSnapshot> dataModelSnapshot,
-                             pipeline::StageOwner& owner,
-                             std::shared_ptr<const pipeline::FlatFileList> flatFileList,
-                             const RecordLayout& layout);
+    DelimitedOutputOperation(const SharedSnapshot& dataModelSnapshot, pipeline::StageOwner& owner,
+                             SharedList flatFileList, const RecordLayout& layout);
 
     /// The layout of the formats that follow the settings for it:
     ///

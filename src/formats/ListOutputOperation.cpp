@@ -55,10 +55,9 @@ private:
 
 }  // namespace
 
-ListOutputOperation::ListOutputOperation(
-    std::shared_ptr<const pipeline::DataModelSnapshot> dataModelSnapshot,
-    pipeline::StageOwner& owner, std::shared_ptr<const pipeline::FlatFileList> flatFileList,
-    std::unique_ptr<MetadataItemFormatterType> itemFormatter)
+ListOutputOperation::ListOutputOperation(SharedSnapshot dataModelSnapshot,
+                                         pipeline::StageOwner& owner, SharedList flatFileList,
+                                         std::unique_ptr<MetadataItemFormatterType> itemFormatter)
     : owner_(owner),
       snapshot_(std::move(dataModelSnapshot)),
       flatFileList_(std::move(flatFileList)),

@@ -46,9 +46,8 @@ public:
     TextPlace placeOf(std::size_t offset) override;
 
 protected:
-    ListOutputOperation(std::shared_ptr<const pipeline::DataModelSnapshot> dataModelSnapshot,
-                        pipeline::StageOwner& owner,
-                        std::shared_ptr<const pipeline::FlatFileList> flatFileList,
+    ListOutputOperation(SharedSnapshot dataModelSnapshot, pipeline::StageOwner& owner,
+                        SharedList flatFileList,
                         std::unique_ptr<MetadataItemFormatterType> itemFormatter);
 
     /// A format may prepare here what it needs for the rows.
@@ -76,7 +75,7 @@ private:
 
     pipeline::StageOwner& owner_;
     const std::shared_ptr<const pipeline::DataModelSnapshot> snapshot_;
-    const std::shared_ptr<const pipeline::FlatFileList> flatFileList_;
+    const SharedList flatFileList_;
     const std::vector<pipeline::Column> columns_;
     std::unique_ptr<MetadataItemFormatterType> itemFormatter_;
     std::shared_ptr<platform::TextBuffer> text_ =

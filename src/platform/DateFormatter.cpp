@@ -52,7 +52,7 @@ public:
     }
 
 private:
-    std::array<char, 48> characters_;
+    std::array<char, 48> characters_{};
     char* end_ = characters_.begin();
 };
 

@@ -67,7 +67,7 @@ private:
     /// In the block from there on, with one branch: nearly all texts have nothing to replace.
     bool isAnyReplaced(std::string_view text, std::size_t from) const {
         return [&]<std::size_t... at>(std::index_sequence<at...>) {
-            return (isReplacedAt(text, from + at) | ...) != 0;
+            return (static_cast<unsigned>(isReplacedAt(text, from + at)) | ...) != 0;
         }
         (std::make_index_sequence<block>());
     }
