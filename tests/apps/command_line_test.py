@@ -320,6 +320,11 @@ class CommandLineTest(unittest.TestCase):
                 self.lists(b'"2024-03-09 02:05:07 PM"\n', "tree/b.txt", "-s", "dateFormatMode=2",
                            "-c", "modification_date", variables={"TZ": "UTC", **variables})
 
+    def test_creation_date(self):
+        born = subprocess.check_output(["stat", "-c", "%w", self.tree / "b.txt"], text=True)
+        self.lists(f'"{"" if born == "-" else born[:19]}"\n'.encode(), "tree/b.txt", "-c",
+                   "creation_date", "-s", "dateFormatMode=1")
+
     def test_use_settings(self):
         file = self.top / "config" / "marquell" / "settings.json"
         here = {"variables": {"XDG_CONFIG_HOME": str(self.top / "config")}}

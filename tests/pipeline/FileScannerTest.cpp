@@ -26,6 +26,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Pair;
 using testing::UnorderedElementsAre;
+using testing::UnorderedElementsAreArray;
 
 using Lines = std::vector<std::string>;
 
@@ -100,6 +101,35 @@ private:
 TEST_F(FileScannerTest, EmptySourceListGivesAnEmptyList) {
     snapshot.sourceList = {};
     EXPECT_THAT(scannedPaths(), IsEmpty());
+}
+
+TEST_F(FileScannerTest, PackagesAreFilesAndOnlyRealFoldersAreWalked) {
+    for (const char* path : {"plain", ".hidden", ".folder/seen", "x.APP/unseen/file", ".y.app/seen",
+                             "f.framework/sub/z.rtfd/unseen"}) {
+        file(path);
+    }
+    using Link = std::pair<const char*, const char*>;
+    for (const auto& [target, name] : {Link{".", "loop"}, Link{"f.framework", "link.bundle"},
+                                       Link{"gone", "dangling"}, Link{"plain", "to file.app"}}) {
+        std::filesystem::create_symlink(target, root / name);
+    }
+    const Lines files{"/.folder/seen", "/.y.app/seen", "/dangling",    "/f.framework/sub/z.rtfd",
+                      "/link.bundle",  "/plain",       "/to file.app", "/x.APP"};
+    const Lines folders{"/f.framework", "/f.framework/sub", "/loop"};
+    snapshot.processFolders = false;
+    EXPECT_THAT(scannedPaths(), UnorderedElementsAreArray(files));
+    snapshot.processFolders = true;
+    snapshot.processFiles = false;
+    EXPECT_THAT(scannedPaths(), UnorderedElementsAreArray(folders));
+
+    // What is a source itself is an item whatever it is, but for folders that are walked.
+    snapshot.sourceList = {root / "x.APP", root / "gone", root / ".hidden", root / "loop"};
+    const Lines sources{"/x.APP", "/gone", "/.hidden"};
+    Lines below = sources;
+    for (const std::string& path : folders) below.push_back("/loop" + path);
+    EXPECT_THAT(scannedPaths(), UnorderedElementsAreArray(below));
+    snapshot.processSubFolders = false;
+    EXPECT_THAT(scannedPaths(), UnorderedElementsAre("/x.APP", "/gone", "/.hidden", "/loop"));
 }
 
 TEST_F(FileScannerTest, TiesGoBySourceAndThenLevelByLevel) {

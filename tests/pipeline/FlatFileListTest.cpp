@@ -6,10 +6,12 @@
 #include <optional>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "metadata/MetadataStorage.h"
 #include "pipeline/FlatFileList.h"
+#include "pipeline/TextHelpers.h"
 #include "platform/Path.h"
 #include "platform/Workers.h"
 
@@ -107,6 +109,49 @@ TEST_F(FlatFileListTest, SortsAsAStableSortByComparisonDoes) {
             return Node::compare(*a, *b, second) == NodeComparisonResult::aComesFirst;
         });
         EXPECT_TRUE(sorted(nodes, first, second) == expected) << first << ", " << second;
+    }
+}
+
+TEST_F(FlatFileListTest, EachModeHasItsKeyAndDirection) {
+    NodeArena arena;
+    const auto add = [&arena](const std::string& path, const platform::EntryAttributes& information,
+                              platform::Date inside) {
+        const metadata::PathKey key{std::string_view(path)};
+        MetadataStorage& storage = MetadataStorage::shared();
+        storage.storeBasicInformation(key, information);
+        storage.store(key, MetadataSource::spotlight, "contentcreationdate", inside);
+        storage.store(key, MetadataSource::basic, "retrieved", true);
+        return arena.make<FileNode>(platform::lastPathComponent(path), path, "");
+    };
+    const auto ten = add("/a10/file10", {5, {{3, 0}}, {{9, 0}}}, {1, 0});
+    const auto nine = add("/a9/File9", {300, {{3, 1}}, {{2, 0}}}, {2, 0});
+    const auto bare = arena.make<FileNode>("x", "/a/x", "");  // missing, so without size and dates
+    const Nodes orders[] = {
+        {nine, ten, bare}, {bare, ten, nine},  // name
+        {bare, nine, ten}, {ten, nine, bare},  // path
+        {nine, ten, bare}, {bare, ten, nine},  // creation
+        {ten, nine, bare}, {bare, nine, ten},  // modification
+        {nine, ten, bare}, {bare, ten, nine},  // date inside the contents
+        {bare, ten, nine}, {nine, ten, bare},  // size
+        {ten, nine, bare}, {bare, nine, ten},  // name, digit by digit
+        {bare, ten, nine}, {nine, ten, bare},  // path, digit by digit
+    };
+    for (int mode = 0; mode < 16; ++mode) {
+        EXPECT_TRUE(sorted({ten, bare, nine}, mode, 0) == orders[mode]) << mode;
+    }
+}
+
+TEST(TextHelpers, NumbersAreTheirDigitsPaddedTo32Characters) {
+    const auto zeros = [](std::size_t count) { return std::string(count, '0'); };
+    const std::string nines(33, '9');
+    for (const auto& [text, expanded] : std::vector<std::pair<std::string, std::string>>{
+             {"", ""},
+             {"a1b022", "a" + zeros(31) + "1b" + zeros(29) + "022"},
+             {nines + "-0", nines + "-" + zeros(32)},
+             {"٣½x", zeros(30) + "٣½x"},
+             {"1\u0301", zeros(31) + "1\u0301"},
+             {"1\uFE0F\u20E3 2", zeros(31) + "1\uFE0F\u20E3 " + zeros(31) + "2"}}) {
+        EXPECT_EQ(stringByExpandingAllNumberGroups(text), expanded) << text;
     }
 }
 
