@@ -42,6 +42,9 @@ ERRORS = {
     "renameat": ("EIO", "EACCES", "EXDEV")}
 # A failure of these is made good, and a name that is taken is no failure.
 MENDED = ("tmpfile", "fchown", "short", "EEXIST")
+# The thread sanitizer delivers a signal later, when the preloaded library is not ready for it.
+KILLS = ("before", "behind") if os.environ.get("MARQUELL_SANITIZE") == "thread" else (
+    "before", "behind", "term")
 counts = collections.Counter()
 try:
     os.close(os.open(tempfile.gettempdir(), os.O_TMPFILE | os.O_WRONLY))
@@ -177,7 +180,7 @@ class FaultTest(unittest.TestCase):
 
     def test_killed_at_each_call(self):
         self.judge(self.problem_of_kill,
-                   [(*call, how) for call in self.calls() for how in ("before", "behind", "term")])
+                   [(*call, how) for call in self.calls() for how in KILLS])
 
     def problem_of_kill(self, case):
         start, route, name, k, place, how = case
