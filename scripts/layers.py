@@ -24,7 +24,9 @@ LAYERS = {
     "formats": ["platform", "pipeline", "metadata"],
     "lists": ["platform", "variables", "pipeline", "metadata", "formats"],
     "lists/tables": CORE + ["toolkit"],
-    "helpers": ["platform/HelperProtocol.h"],
+    # Helpers share the protocol with the programs, and what needs no library and no thread.
+    "helpers": ["platform/HelperProtocol.h", "platform/ImageProperties.h",
+                "platform/PropertyDictionary.h", "platform/Utf8.h"],
     "toolkit": ["platform", "variables"],
     "window": WINDOWED + ["shell"],
     "shell": WINDOWED + ["window"],

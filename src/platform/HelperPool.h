@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "platform/HelperProtocol.h"
+#include "platform/PropertyDictionary.h"
+#include "platform/RegularFile.h"
+
+namespace marquell::platform {
+
+/// How the reading of one file by a helper ended.
+enum class HelperOutcome {
+    values,   ///< the properties hold what was found
+    nothing,  ///< the content is of no kind that the helper reads, or broken
+    givenUp,  ///< the helper crashed, hung or talked nonsense over this file, and so did another
+    unavailable,  ///< no helper can be had; nothing was tried
+    stopped,      ///< the caller wanted no more
+};
+
+/// One file for a helper to read. The descriptor is closed once the job has ended.
+struct HelperJob {
+    RegularFile file;
+    std::string extension;  ///< of its name, lower case, without the dot; a hint
+};
+
+/// Helper processes of one program that read untrusted files for this one: a file that crashes its
+/// decoder, hangs it or takes it over costs its own values and nothing else. Processes start when
+/// they are first needed, serve one caller at a time, and end after a time without work, with this
+/// object, and when this program dies in whatever way.
+///
+/// When a helper fails, the file that it was at is to blame. It is tried once more, alone in a
+/// fresh process; then it is given up, also for later calls while the file stays the same. Files
+/// that only waited behind it are read by another process.
+class HelperPool {
+public:
+    struct Settings {
+        std::string program;                 ///< path of the helper
+        std::vector<std::string> arguments;  ///< for it, without the program's name
+        std::size_t width = 1;               ///< processes at once, at least 1
+        std::chrono::milliseconds wallLimit = std::chrono::seconds(30);  ///< for one file
+        std::chrono::milliseconds cpuLimit = std::chrono::seconds(5);    ///< for one file
+        std::chrono::milliseconds startLimit = std::chrono::seconds(10);
+        std::chrono::milliseconds idleLimit = std::chrono::seconds(30);
+    };
+
+    explicit HelperPool(Settings settings);
+    /// Not to be called while a read runs.
+    ~HelperPool();
+    HelperPool(const HelperPool&) = delete;
+    HelperPool& operator=(const HelperPool&) = delete;
+
+    /// Called once for each job, in no certain order, on the thread that called read().
+    using Receiver = std::function<void(std::size_t index, HelperOutcome outcome,
+                                        PropertyDictionary properties)>;
+
+    /// Has a helper read the jobs, several under way at once, and returns when all have ended.
+    /// Waits for a process to be free. Any thread, several at once. `shouldStop` is asked every
+    /// tenth of a second or so and between replies; once true, what is left ends as `stopped`.
+    void read(HelperTask task, std::span<HelperJob> jobs, const Receiver& receive,
+              const std::function<bool()>& shouldStop);
+
+    /// Whether helpers were given up for good: they don't start, or too many died lately over too
+    /// few successes. All later jobs are `unavailable`.
+    bool isUnavailable() const;
+
+    /// The protections (bits of HelperProtocol.h) that every helper so far was ready with.
+    std::uint32_t protections() const;
+
+private:
+    class Implementation;
+    std::unique_ptr<Implementation> implementation_;
+};
+
+/// Where a program of ours that is no command lies: beside the running program in a build tree, in
+/// the libexec folder of an installation. Depends on where the running program is, not on where it
+/// was meant to be installed. Empty if there is none.
+std::string helperProgramPath(const std::string& name);
+
+}  // namespace marquell::platform

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+#include "platform/PropertyDictionary.h"
+
+namespace marquell::platform {
+
+// What a program and its helper processes say to each other over a stream socket. Both ends are of
+// the same build and machine, so the structures travel as they are. Requests are answered in the
+// order they were sent. The program takes nothing that a helper says on trust: by then it may be
+// run by a file.
+
+/// Descriptors that a helper is started with, beside 0 to 2, which lead to /dev/null.
+inline constexpr int helperSocket = 3;
+/// The reading end of a pipe whose other end the program holds: it ends when the program does.
+inline constexpr int helperLifeline = 4;
+
+inline constexpr std::uint32_t helperMagic = 0x4d715231;
+
+enum class HelperTask : std::uint32_t {
+    image = 1,  ///< answered with properties by ImagePropertyKey
+};
+
+/// One message with exactly one descriptor beside it: the file, open for reading. Its offset is
+/// nobody's; readers use pread.
+struct HelperRequest {
+    std::uint32_t magic = helperMagic;
+    HelperTask task = HelperTask::image;
+    std::uint64_t id = 0;
+    std::uint64_t size = 0;  ///< of the file when it was opened
+    /// The name's extension in lower case, padded with NUL; all NUL if there is none or it is
+    /// longer. A hint for kinds without a signature, and untrusted like the content.
+    std::array<char, 16> extension{};
+};
+
+enum class HelperStatus : std::uint32_t {
+    ready = 1,    ///< sent once at start, unasked, with id 0: the protections are in place
+    values = 2,   ///< `length` bytes follow, for decodeProperties
+    nothing = 3,  ///< no reader knows the content, or it is broken; nothing follows
+};
+
+/// Which protections a ready helper runs under; bits of HelperReply::protections.
+inline constexpr std::uint32_t systemCallFilter = 1;
+inline constexpr std::uint32_t fileSystemRules = 2;
+
+struct HelperReply {
+    std::uint32_t magic = helperMagic;
+    HelperStatus status = HelperStatus::nothing;
+    std::uint64_t id = 0;
+    std::uint32_t length = 0;       ///< at most maximumPropertyBytes; 0 unless values
+    std::uint32_t protections = 0;  ///< 0 unless ready
+};
+
+}  // namespace marquell::platform
