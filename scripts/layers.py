@@ -26,7 +26,7 @@ LAYERS = {
     "lists/tables": CORE + ["toolkit"],
     # Helpers share the protocol with the programs, and what needs no library and no thread.
     "helpers": ["platform/HelperProtocol.h", "platform/ImageProperties.h",
-                "platform/PropertyDictionary.h", "platform/Utf8.h"],
+                "platform/NumberText.h", "platform/PropertyDictionary.h", "platform/Utf8.h"],
     "toolkit": ["platform", "variables"],
     "window": WINDOWED + ["shell"],
     "shell": WINDOWED + ["window"],

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "helpers/image/Input.h"
 
+#include <sys/mman.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -31,6 +32,20 @@ std::string Input::bytesAt(std::uint64_t offset, std::size_t length) {
                       '\0');
     bytes.resize(readAt(offset, bytes));
     return bytes;
+}
+
+FileInput::~FileInput() {
+    if (mapped_ != nullptr) ::munmap(mapped_, static_cast<std::size_t>(size()));
+}
+
+std::string_view FileInput::allBytes() {
+    const auto length = static_cast<std::size_t>(size());
+    if (mapped_ == nullptr && length > 0) {
+        void* const mapped = ::mmap(nullptr, length, PROT_READ, MAP_PRIVATE, descriptor_, 0);
+        if (mapped == MAP_FAILED) return {};
+        mapped_ = mapped;
+    }
+    return {static_cast<const char*>(mapped_), mapped_ == nullptr ? 0 : length};
 }
 
 std::size_t FileInput::fetch(std::uint64_t offset, std::span<char> buffer) {

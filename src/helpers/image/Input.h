@@ -29,6 +29,11 @@ public:
         return readAt(offset, buffer) == buffer.size();
     }
 
+    /// All bytes, good as long as this. A file is mapped, so that one of any size costs the pages
+    /// that are looked at. Empty if that fails; touching bytes that a file has lost since is a
+    /// fault that ends the process.
+    virtual std::string_view allBytes() = 0;
+
     /// Up to `length` bytes at the offset, fewer at the end of the file. No more memory is taken
     /// than the file has bytes there.
     std::string bytesAt(std::uint64_t offset, std::size_t length);
@@ -51,18 +56,23 @@ class FileInput : public Input {
 public:
     FileInput(int descriptor, std::uint64_t size) : Input(size), descriptor_(descriptor) {}
 
-    int descriptor() const { return descriptor_; }
+    ~FileInput() override;
+
+    std::string_view allBytes() override;
 
 private:
     std::size_t fetch(std::uint64_t offset, std::span<char> buffer) override;
 
     const int descriptor_;
+    void* mapped_ = nullptr;
 };
 
 /// Bytes in memory, which must live as long.
 class MemoryInput : public Input {
 public:
     explicit MemoryInput(std::string_view bytes) : Input(bytes.size()), bytes_(bytes) {}
+
+    std::string_view allBytes() override { return bytes_; }
 
 private:
     std::size_t fetch(std::uint64_t offset, std::span<char> buffer) override;
