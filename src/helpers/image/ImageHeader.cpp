@@ -45,6 +45,22 @@ ImageHeader readImageHeader(Input& input, ImageKind kind) {
             return readJpegHeader(input);
         case ImageKind::png:
             return readPngHeader(input);
+        case ImageKind::gif:
+            return readGifHeader(input);
+        case ImageKind::bmp:
+            return readBmpHeader(input);
+        case ImageKind::psd:
+            return readPsdHeader(input);
+        case ImageKind::webp:
+            return readWebpHeader(input);
+        case ImageKind::ico:
+            return readIcoHeader(input);
+        case ImageKind::tga:
+            return readTgaHeader(input);
+        case ImageKind::jp2:
+            return readJp2Header(input);
+        case ImageKind::heif:
+            return readHeifHeader(input);
         default:
             return {};
     }
