@@ -57,8 +57,8 @@ LIBRARIES = {
 # What the language and the system bring is open to all: headers of the C++ library, which have
 # neither a dot nor a slash, of the kernel, and these of the C library.
 SYSTEM = re.compile(r"[a-z_0-9]+$|(sys|linux|netinet|arpa|asm)/|(%s)\.h$" % "|".join("""
-    assert ctype dirent dlfcn errno fcntl fnmatch getopt glob grp inttypes langinfo limits locale
-    math poll pthread pwd sched setjmp signal spawn stdarg stddef stdint stdio stdlib string
+    assert ctype dirent dlfcn errno fcntl fnmatch getopt glob grp iconv inttypes langinfo limits
+    locale math poll pthread pwd sched setjmp signal spawn stdarg stddef stdint stdio stdlib string
     strings syslog termios time unistd utime wchar wctype
 """.split()))
 

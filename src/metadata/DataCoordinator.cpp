@@ -3,9 +3,10 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <utility>
 
-#include "metadata/GetBasicInformationOperation.h"
+#include "metadata/Extraction.h"
 #include "metadata/MetadataStorage.h"
 
 namespace marquell::metadata {
@@ -13,23 +14,7 @@ namespace {
 
 using pipeline::Node;
 
-/// What delivers a source's values. A source without a row has none yet.
-struct Extraction {
-    MetadataSource source;
-    int queuePriority;  ///< higher goes first
-    void (*retrieve)(const Node& node);
-};
-
-constexpr std::array extractions = {
-    Extraction{MetadataSource::basic, 4, &GetBasicInformationOperation::retrieveInformation},
-};
-
-const Extraction* extractionOf(MetadataSource source) {
-    const auto found =
-        std::find_if(extractions.begin(), extractions.end(),
-                     [source](const Extraction& row) { return row.source == source; });
-    return found != extractions.end() ? &*found : nullptr;
-}
+constexpr auto never = [] { return false; };
 
 }  // namespace
 
@@ -44,7 +29,8 @@ class DataCoordinator::TakeNextRequest : public platform::Operation {
 public:
     explicit TakeNextRequest(DataCoordinator& coordinator) : coordinator_(coordinator) {}
     void main() override {
-        if (!isCancelled()) coordinator_.runNext();
+        if (isCancelled()) return;
+        coordinator_.runNext([this] { return isAbandoned(); });
     }
 
 private:
@@ -104,22 +90,66 @@ std::shared_ptr<const DataCoordinator::Request> DataCoordinator::takeNext() {
     return taken;
 }
 
-void DataCoordinator::runNext() {
+void DataCoordinator::runNext(const pipeline::StopCheck& isClosing) {
     const std::shared_ptr<const Request> request = takeNext();
-    if (request != nullptr) retrieveDataSynchronously(*request->node, request->source);
+    if (request == nullptr) return;
+    Node& node = *request->node;
+    // Hours of reading are not for somebody who has looked away since.
+    retrieve(node, request->source, [&] {
+        return isClosing() || node.interest(request->source) == pipeline::ObserverInterest::lost;
+    });
 }
 
 void DataCoordinator::retrieveDataSynchronously(Node& node, MetadataSource source) {
+    retrieve(node, source, never);
+}
+
+void DataCoordinator::retrieve(Node& node, MetadataSource source,
+                               const pipeline::StopCheck& shouldStop) {
     const Extraction* extraction = extractionOf(source);
     if (extraction == nullptr) return;
     MetadataStorage& storage = MetadataStorage::shared();
+    const std::array nodes = {&node};
     // Once, unless the store is cleared meanwhile.
-    while (const auto ticket = storage.beginRetrieval(node.pathKey(), source)) {
-        extraction->retrieve(node);
+    while (const auto ticket = storage.beginRetrieval(node.pathKey(), source, shouldStop)) {
+        bool isFinished = false;
+        extraction->retrieve(
+            nodes, [&isFinished](std::size_t) { isFinished = true; }, shouldStop);
+        if (!isFinished) {
+            storage.cancelRetrieval(node.pathKey(), source, *ticket);
+            return;
+        }
         if (storage.finishRetrieval(node.pathKey(), source, *ticket)) break;
     }
     // Also when another node of the same path had it found: who waits for this one waits still.
     node.signalDataIsNowReady(source);
+}
+
+void DataCoordinator::retrieveDataAhead(std::span<Node* const> nodes, MetadataSource source,
+                                        const pipeline::StopCheck& shouldStop) {
+    const Extraction* extraction = extractionOf(source);
+    if (extraction == nullptr) return;
+    MetadataStorage& storage = MetadataStorage::shared();
+    std::vector<Node*> taken;
+    std::vector<std::optional<MetadataStorage::Ticket>> tickets;
+    for (Node* const node : nodes) {
+        if (const auto ticket = storage.tryBeginRetrieval(node->pathKey(), source)) {
+            taken.push_back(node);
+            tickets.emplace_back(ticket);
+        }
+    }
+    if (taken.empty()) return;
+    extraction->retrieve(
+        taken,
+        [&](std::size_t i) {
+            storage.finishRetrieval(taken[i]->pathKey(), source, *tickets[i]);
+            tickets[i].reset();
+            taken[i]->signalDataIsNowReady(source);
+        },
+        shouldStop);
+    for (std::size_t i = 0; i < taken.size(); ++i) {
+        if (tickets[i]) storage.cancelRetrieval(taken[i]->pathKey(), source, *tickets[i]);
+    }
 }
 
 }  // namespace marquell::metadata

@@ -4,9 +4,11 @@
 #include <cstdint>
 #include <memory>
 #include <mutex>
+#include <span>
 #include <vector>
 
 #include "metadata/MetadataSource.h"
+#include "pipeline/KeySort.h"
 #include "pipeline/Node.h"
 #include "platform/OperationQueue.h"
 
@@ -32,19 +34,27 @@ public:
     /// observers are told. One extraction runs at a time. Of the waiting requests the order is
     /// priority (basic information first), then those whose observers still exist, then the newest;
     /// a request that had observers and has lost them all is dropped, since nobody looks any more.
-    /// Asking again for what already waits makes it the newest, with observers yet to come. Any
-    /// thread.
+    /// Asking again for what already waits makes it the newest, with observers yet to come. One
+    /// that runs ends when its observers are gone. Any thread.
     void retrieveDataAsynchronously(std::shared_ptr<pipeline::Node> node, MetadataSource source);
 
     /// Runs the source on the caller's thread, unless it has finished with the node before; waits
     /// when another thread is at it. Does nothing for a source that nothing delivers.
     void retrieveDataSynchronously(pipeline::Node& node, MetadataSource source);
 
+    /// Runs the source for those of the nodes that it has not finished with and that no other
+    /// thread is at, together where that is faster. What a stop has left out is as if never asked
+    /// for. For the threads that run ahead of a stage.
+    void retrieveDataAhead(std::span<pipeline::Node* const> nodes, MetadataSource source,
+                           const pipeline::StopCheck& shouldStop);
+
 private:
     struct Request;
     class TakeNextRequest;
 
-    void runNext();
+    void runNext(const pipeline::StopCheck& isClosing);
+    void retrieve(pipeline::Node& node, MetadataSource source,
+                  const pipeline::StopCheck& shouldStop);
     std::shared_ptr<const Request> takeNext();
 
     std::mutex mutex_;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "metadata/MetadataStorage.h"
 
+#include <chrono>
 #include <condition_variable>
 #include <mutex>
 #include <utility>
@@ -31,6 +32,8 @@ struct alignas(64) MetadataStorage::Shard {
     mutable std::mutex mutex;
     std::condition_variable finished;  ///< a retrieval has ended, or all was cleared
     std::unique_ptr<RecordTable> records = std::make_unique<RecordTable>();  // guarded by mutex
+
+    std::optional<Ticket> begin(const PathKey& path, MetadataSource source);
 };
 
 MetadataStorage::MetadataStorage() : shards_(std::make_unique<std::array<Shard, shardCount>>()) {}
@@ -143,33 +146,58 @@ bool MetadataStorage::getValuesIfRetrieved(const PathKey& fullPath, std::span<co
     return true;
 }
 
-std::optional<MetadataStorage::Ticket> MetadataStorage::beginRetrieval(const PathKey& fullPath,
-                                                                       MetadataSource source) {
+/// Under the lock. None when the record is finished with or somebody is at it.
+std::optional<MetadataStorage::Ticket> MetadataStorage::Shard::begin(const PathKey& path,
+                                                                     MetadataSource source) {
+    PathRecord& record = records->findOrMake(path);
+    if (record.isRetrieved(source) || record.isRetrieving(source)) return std::nullopt;
+    record.setRetrieving(source, true);
+    return static_cast<Ticket>(records->generation());
+}
+
+std::optional<MetadataStorage::Ticket> MetadataStorage::beginRetrieval(
+    const PathKey& fullPath, MetadataSource source, const std::function<bool()>& shouldStop) {
+    using namespace std::chrono_literals;
     Shard& shard = shardOf(fullPath);
     std::unique_lock lock(shard.mutex);
     for (;;) {
-        PathRecord& record = shard.records->findOrMake(fullPath);
-        if (record.isRetrieved(source)) return std::nullopt;
-        if (!record.isRetrieving(source)) {
-            record.setRetrieving(source, true);
-            return static_cast<Ticket>(shard.records->generation());
-        }
-        shard.finished.wait(lock);
+        if (const auto ticket = shard.begin(fullPath, source)) return ticket;
+        if (shard.records->findOrMake(fullPath).isRetrieved(source)) return std::nullopt;
+        const bool isQuiet = shard.finished.wait_for(lock, 100ms) == std::cv_status::timeout;
+        if (isQuiet && shouldStop()) return std::nullopt;
     }
+}
+
+std::optional<MetadataStorage::Ticket> MetadataStorage::tryBeginRetrieval(const PathKey& fullPath,
+                                                                          MetadataSource source) {
+    Shard& shard = shardOf(fullPath);
+    const std::lock_guard lock(shard.mutex);
+    return shard.begin(fullPath, source);
 }
 
 bool MetadataStorage::finishRetrieval(const PathKey& fullPath, MetadataSource source,
                                       Ticket ticket) {
+    if (!endRetrieval(fullPath, source, ticket, true)) return false;
+    itemCounter_.fetch_add(1, std::memory_order_relaxed);
+    return true;
+}
+
+void MetadataStorage::cancelRetrieval(const PathKey& fullPath, MetadataSource source,
+                                      Ticket ticket) {
+    endRetrieval(fullPath, source, ticket, false);
+}
+
+bool MetadataStorage::endRetrieval(const PathKey& fullPath, MetadataSource source, Ticket ticket,
+                                   bool isRetrieved) {
     Shard& shard = shardOf(fullPath);
     {
         const std::lock_guard lock(shard.mutex);
         if (ticket != static_cast<Ticket>(shard.records->generation())) return false;
         PathRecord& record = shard.records->findOrMake(fullPath);
         record.setRetrieving(source, false);
-        record.setRetrieved(source, true);
+        record.setRetrieved(source, isRetrieved);
     }
     shard.finished.notify_all();
-    itemCounter_.fetch_add(1, std::memory_order_relaxed);
     return true;
 }
 

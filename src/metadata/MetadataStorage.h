@@ -4,6 +4,7 @@
 #include <array>
 #include <atomic>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -79,14 +80,21 @@ public:
     /// Says which content of the store a retrieval was begun for.
     enum class Ticket : std::uint32_t {};
 
-    /// Decides who extracts: a ticket tells the caller to do it and to call finishRetrieval
-    /// afterwards in any case. None means that the source has finished; when another thread is at
-    /// it, that is waited for. Not to be called by a thread between its own begin and finish.
-    std::optional<Ticket> beginRetrieval(const PathKey& fullPath, MetadataSource source);
+    /// Decides who extracts: a ticket tells the caller to do it and to call finishRetrieval or
+    /// cancelRetrieval afterwards in any case. None means that the source has finished; when
+    /// another thread is at it, that is waited for, until `shouldStop` (asked ten times a second)
+    /// says no. Not to be called by a thread that holds a ticket.
+    std::optional<Ticket> beginRetrieval(const PathKey& fullPath, MetadataSource source,
+                                         const std::function<bool()>& shouldStop);
+    /// The same without waiting: none also when another thread is at it. A thread may hold several
+    /// tickets of this kind.
+    std::optional<Ticket> tryBeginRetrieval(const PathKey& fullPath, MetadataSource source);
 
     /// Sets the `retrieved` flag and lets waiting threads go on. If the store was cleared since the
     /// retrieval began, some of its values are gone: then it sets no flag and returns false.
     bool finishRetrieval(const PathKey& fullPath, MetadataSource source, Ticket ticket);
+    /// Lets a waiting thread take over what was not done.
+    void cancelRetrieval(const PathKey& fullPath, MetadataSource source, Ticket ticket);
 
     /// Forgets everything, flags and counter included. What an extraction that runs meanwhile
     /// stores afterwards is accepted.
@@ -100,6 +108,8 @@ private:
     static constexpr std::size_t shardCount = 64;
 
     Shard& shardOf(const PathKey& path) const;
+    bool endRetrieval(const PathKey& fullPath, MetadataSource source, Ticket ticket,
+                      bool isRetrieved);
     std::unique_ptr<std::array<Shard, shardCount>> shards_;
     std::atomic<std::int64_t> itemCounter_ = 0;
 };

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "metadata/DataCoordinator.h"
+#include "metadata/Extraction.h"
 #include "metadata/MetadataStorage.h"
 #include "pipeline/NodePrefetch.h"
 #include "platform/Workers.h"
@@ -15,9 +16,8 @@ namespace {
 using pipeline::Column;
 using pipeline::Node;
 
-/// Looking at an entry takes a microsecond, too little to hand out singly; reading a file's content
-/// takes long enough to be shared file by file.
-constexpr std::size_t entriesPerBlock = 256;
+/// Of nodes whose tags alone are read; too little work to hand out singly.
+constexpr std::size_t largestBlock = 256;
 
 std::vector<MetadataSource> neededSources(const std::vector<Column>& columns) {
     std::vector<MetadataSource> sources;
@@ -31,9 +31,12 @@ std::vector<MetadataSource> neededSources(const std::vector<Column>& columns) {
     return sources;
 }
 
-bool readsContent(const std::vector<MetadataSource>& sources) {
-    return std::any_of(sources.begin(), sources.end(),
-                       [](MetadataSource source) { return source != MetadataSource::basic; });
+std::size_t nodesPerBlock(const std::vector<MetadataSource>& sources) {
+    std::size_t nodes = largestBlock;
+    for (const MetadataSource source : sources) {
+        nodes = std::min(nodes, extractionOf(source)->nodesAtOnce);
+    }
+    return nodes;
 }
 
 }  // namespace
@@ -46,12 +49,12 @@ RunAhead::RunAhead(const std::vector<std::shared_ptr<Node>>& files,
       readsTags_(
           std::any_of(columns.begin(), columns.end(),
                       [](const Column& column) { return column.origin == Column::Origin::tags; })),
-      blockSize_(readsContent(sources_) ? 1 : entriesPerBlock) {
-    const bool isNeeded = !sources_.empty() || readsTags_;
+      blockSize_(nodesPerBlock(sources_)) {
+    if (sources_.empty() && !readsTags_) return;
     const std::size_t blocks = (files.size() + blockSize_ - 1) / blockSize_;
-    const std::size_t workers = std::min<std::size_t>(platform::workerCount(), blocks);
-    if (!isNeeded || workers < 2) return;
     isDone_ = std::vector<std::atomic<std::uint8_t>>(blocks);
+    const std::size_t workers = std::min<std::size_t>(platform::workerCount(), blocks);
+    if (workers < 2) return;
     for (std::size_t i = 0; i < workers; ++i) {
         if (!platform::startThread(threads_, [this] { work(); })) return;
     }
@@ -63,7 +66,7 @@ RunAhead::~RunAhead() {
 }
 
 void RunAhead::work() {
-    while (!stopped_.load(std::memory_order_relaxed) && !isUnwanted_() && extractNextBlock()) {
+    while (!shouldStop() && extractNextBlock()) {
     }
 }
 
@@ -72,21 +75,30 @@ bool RunAhead::extractNextBlock() {
     const std::size_t block = nextBlock_.fetch_add(1, std::memory_order_relaxed);
     if (block >= isDone_.size()) return false;
     const std::size_t end = std::min((block + 1) * blockSize_, files_.size());
-    for (std::size_t i = block * blockSize_; i < end && !isUnwanted_(); ++i) {
-        pipeline::prefetchAhead(files_, i);
-        extract(*files_[i]);
-    }
+    extract(block * blockSize_, end);
     isDone_[block].store(1, std::memory_order_release);
     isDone_[block].notify_all();
     return true;
 }
 
-void RunAhead::extract(Node& node) const {
-    for (const MetadataSource source : sources_) {
-        if (MetadataStorage::shared().isRetrieved(node.pathKey(), source)) continue;
-        DataCoordinator::shared().retrieveDataSynchronously(node, source);
+void RunAhead::extract(std::size_t begin, std::size_t end) const {
+    std::vector<Node*> nodes;
+    for (std::size_t i = begin; i < end; ++i) {
+        pipeline::prefetchAhead(files_, i);
+        nodes.push_back(files_[i].get());
     }
-    if (readsTags_) node.tags();
+    for (const MetadataSource source : sources_) {
+        DataCoordinator::shared().retrieveDataAhead(nodes, source, [this] { return shouldStop(); });
+    }
+    if (!readsTags_) return;
+    for (Node* const node : nodes) {
+        if (isUnwanted_()) return;
+        node->tags();
+    }
+}
+
+bool RunAhead::shouldStop() const {
+    return stopped_.load(std::memory_order_relaxed) || isUnwanted_();
 }
 
 bool RunAhead::isReady(const Node& node) const {
@@ -97,7 +109,7 @@ bool RunAhead::isReady(const Node& node) const {
 }
 
 bool RunAhead::waitFor(std::size_t index) {
-    if (!threads_.empty()) {
+    if (!isDone_.empty()) {
         const std::size_t block = index / blockSize_;
         while (nextBlock_.load(std::memory_order_relaxed) <= block) extractNextBlock();
         isDone_[block].wait(0, std::memory_order_acquire);

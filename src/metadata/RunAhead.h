@@ -16,7 +16,8 @@
 namespace marquell::metadata {
 
 /// Extraction that runs ahead of a stage: while the stage walks its list from front to end,
-/// platform::workerCount() threads have what its columns need ready for the nodes that come next.
+/// platform::workerCount() threads have what its columns need ready for the nodes that come next;
+/// where there is but one, the stage's own thread does so, block by block.
 /// What the stage reads is the same without it. Made and used by the stage's thread; stops when it
 /// is destroyed.
 ///
@@ -40,7 +41,8 @@ public:
 private:
     void work();
     bool extractNextBlock();
-    void extract(pipeline::Node& node) const;
+    void extract(std::size_t begin, std::size_t end) const;
+    bool shouldStop() const;
     bool isReady(const pipeline::Node& node) const;
 
     const std::vector<std::shared_ptr<pipeline::Node>>& files_;

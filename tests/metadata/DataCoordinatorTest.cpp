@@ -67,7 +67,7 @@ protected:
         MetadataStorage::shared().clear();
         platform::MainQueue::install(&mainQueue);
         // Of a file that isn't there extraction tells, which shows when it ran.
-        platform::setReadFailureListener([this](std::string_view path, int) {
+        platform::setReadFailureListener([this](std::string_view path, const std::error_code&) {
             if (path == "/gate") {
                 gateReached.count_down();
                 gateOpened.wait();

@@ -18,6 +18,8 @@ using testing::Optional;
 using Source = MetadataSource;
 using Value = WrappedMetaDataValue;
 
+const auto never = [] { return false; };
+
 constexpr std::string_view file = "/folder/file";
 
 class MetadataStorageTest : public testing::Test {
@@ -133,8 +135,8 @@ TEST_F(MetadataStorageTest, FlagIsOfOneSourceAndGoesWithAClear) {
     EXPECT_EQ(storage.getValueIfRetrieved(file, metadataKey("size"), Source::basic), std::nullopt);
     storage.storeBasicInformation(file, {9, {}, {}});
     EXPECT_EQ(storage.getValueIfRetrieved(file, metadataKey("size"), Source::basic), std::nullopt);
-    const auto ticket = storage.beginRetrieval(file, Source::basic);
-    ASSERT_TRUE(ticket && storage.beginRetrieval(file, Source::hashes));
+    const auto ticket = storage.beginRetrieval(file, Source::basic, never);
+    ASSERT_TRUE(ticket && storage.beginRetrieval(file, Source::hashes, never));
     EXPECT_TRUE(storage.finishRetrieval(file, Source::basic, *ticket));
     EXPECT_THAT(storage.getValueIfRetrieved(file, metadataKey("size"), Source::basic),
                 Optional(Value(std::int64_t{9})));
@@ -142,7 +144,7 @@ TEST_F(MetadataStorageTest, FlagIsOfOneSourceAndGoesWithAClear) {
                 Optional(Value(None{})));
     EXPECT_TRUE(storage.boolValueExistsAndIsTrue(file, "retrieved", Source::basic));
     EXPECT_FALSE(storage.boolValueExistsAndIsTrue(file, "retrieved", Source::hashes));
-    EXPECT_FALSE(storage.beginRetrieval(file, Source::basic));
+    EXPECT_FALSE(storage.beginRetrieval(file, Source::basic, never));
     storage.store(file, Source::avKit, "retrieved", true);
     EXPECT_TRUE(storage.isRetrieved(file, Source::avKit));
     storage.store(file, Source::avKit, "retrieved", false);
@@ -153,7 +155,7 @@ TEST_F(MetadataStorageTest, FlagIsOfOneSourceAndGoesWithAClear) {
     EXPECT_EQ(storage.itemCounter(), 0);
     EXPECT_FALSE(storage.isRetrieved(file, Source::basic));
     EXPECT_EQ(storage.getWrappedValue(file, "size", Source::basic), Value(None{}));
-    EXPECT_TRUE(storage.beginRetrieval(file, Source::basic));
+    EXPECT_TRUE(storage.beginRetrieval(file, Source::basic, never));
 }
 
 TEST_F(MetadataStorageTest, OneThreadExtractsAndTheOthersWaitForItsValues) {
@@ -163,7 +165,7 @@ TEST_F(MetadataStorageTest, OneThreadExtractsAndTheOthersWaitForItsValues) {
         for (int i = 0; i < paths; ++i) {
             const std::string text = "/" + std::to_string(i);
             const PathKey path(text);
-            if (const auto ticket = storage.beginRetrieval(path, Source::hashes)) {
+            if (const auto ticket = storage.beginRetrieval(path, Source::hashes, never)) {
                 extractions[static_cast<std::size_t>(i)] += 1;
                 storage.store(path, Source::hashes, "md5", text);
                 storage.storeBasicInformation(path, {i, {}, {}});
@@ -178,13 +180,13 @@ TEST_F(MetadataStorageTest, OneThreadExtractsAndTheOthersWaitForItsValues) {
 }
 
 TEST_F(MetadataStorageTest, AClearLetsWhoWaitsExtractAnew) {
-    const auto first = storage.beginRetrieval(file, Source::hashes);
+    const auto first = storage.beginRetrieval(file, Source::hashes, never);
     ASSERT_TRUE(first);
     storage.store(file, Source::hashes, "md5", "lost"s);
     std::latch arrived(1);
     std::thread waiting([&] {
         arrived.count_down();
-        const auto second = storage.beginRetrieval(file, Source::hashes);
+        const auto second = storage.beginRetrieval(file, Source::hashes, never);
         ASSERT_TRUE(second);
         // The first one's values are gone: its end must not pass for that of this one.
         EXPECT_FALSE(storage.finishRetrieval(file, Source::hashes, *first));

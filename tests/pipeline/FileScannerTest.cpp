@@ -37,9 +37,9 @@ protected:
         snapshot.processSubFolders = true;
         snapshot.firstSortMode = 14;
         snapshot.sourceList = {root.path()};
-        platform::setReadFailureListener([this](std::string_view path, int error) {
+        platform::setReadFailureListener([this](std::string_view path, const std::error_code& why) {
             const std::lock_guard lock(mutex_);
-            failures.emplace_back(path, error);
+            failures.emplace_back(path, why.value());
             if (onFailure) onFailure();
         });
     }

@@ -36,13 +36,14 @@ protected:
 
     /// Holds the next scan at the given source, which is missing, until release() is called.
     void holdScanAt(const std::string& missing) {
-        platform::setReadFailureListener([this, missing](std::string_view path, int) {
-            if (path != missing || isHeld_) return;
-            isHeld_ = true;
-            held.emplace(1);
-            reached_.count_down();
-            held->wait();
-        });
+        platform::setReadFailureListener(
+            [this, missing](std::string_view path, const std::error_code&) {
+                if (path != missing || isHeld_) return;
+                isHeld_ = true;
+                held.emplace(1);
+                reached_.count_down();
+                held->wait();
+            });
     }
     void waitForScan() { reached_.wait(); }
     void release() { held->count_down(); }

@@ -113,8 +113,9 @@ TEST(FileSystem, TellsLinksFromWhatTheyLeadTo) {
 TEST(FileTags, AreTheNamesBetweenTheCommas) {
     const tests::TemporaryFolder folder;
     std::vector<std::pair<std::string, int>> failures;
-    setReadFailureListener(
-        [&failures](std::string_view path, int error) { failures.emplace_back(path, error); });
+    setReadFailureListener([&failures](std::string_view path, const std::error_code& why) {
+        failures.emplace_back(path, why.value());
+    });
     tests::writeFile(folder / "file", "");
     std::filesystem::create_symlink("file", folder / "link");
     std::filesystem::create_symlink("gone", folder / "dangling");

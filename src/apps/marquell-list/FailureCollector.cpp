@@ -1,17 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "FailureCollector.h"
 
-#include <cstring>
-
 #include "Messages.h"
 #include "platform/ReadFailures.h"
 
 namespace marquell::apps {
 
 FailureCollector::FailureCollector() {
-    platform::setReadFailureListener([this](std::string_view path, int error) {
+    platform::setReadFailureListener([this](std::string_view path, const std::error_code& why) {
         const std::lock_guard lock(mutex_);
-        failures_.emplace(path, error);
+        failures_.emplace(path, why.message());
     });
 }
 
@@ -19,8 +17,8 @@ FailureCollector::~FailureCollector() { platform::setReadFailureListener({}); }
 
 bool FailureCollector::report() const {
     const std::lock_guard lock(mutex_);
-    for (const auto& [path, error] : failures_) {
-        printMessage(quoted(path) + ": " + std::strerror(error));
+    for (const auto& [path, reason] : failures_) {
+        printMessage(path.empty() ? reason : quoted(path) + ": " + reason);
     }
     return !failures_.empty();
 }

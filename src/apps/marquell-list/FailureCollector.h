@@ -10,7 +10,7 @@
 namespace marquell::apps {
 
 /// Gathers what could not be read during a run, for a report that is the same however the threads
-/// met it: sorted, each path once for each reason. Listens as long as it lives.
+/// met it: sorted by path, each path once for each reason. Listens as long as it lives.
 class FailureCollector {
 public:
     FailureCollector();
@@ -23,7 +23,7 @@ public:
 
 private:
     mutable std::mutex mutex_;
-    std::set<std::pair<std::string, int>> failures_;  // guarded by mutex_
+    std::set<std::pair<std::string, std::string>> failures_;  // guarded by mutex_
 };
 
 }  // namespace marquell::apps

@@ -22,6 +22,7 @@
 #include "ProgressLine.h"
 #include "formats/OutputFormatType.h"
 #include "metadata/DataCoordinator.h"
+#include "metadata/HashesHelper.h"
 #include "metadata/TagManager.h"
 #include "platform/AtomicFile.h"
 #include "platform/DescriptorIo.h"
@@ -107,6 +108,8 @@ struct RequestRunner {
         }
         if (request.jobs) platform::setWorkerCount(*request.jobs);
         if (!request.quiet) hintAtUndeliveredColumns(request.snapshot);
+        // The process ends with this list: nobody will ask for the others.
+        metadata::HashesHelper::shared().setWantedDigests(request.snapshot.columnList);
         const FailureCollector failures;
         // The run outlives the delivery, so that a list of millions is given back meanwhile.
         ListRun run;

@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "metadata/ImageIOHelper.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <optional>
+#include <utility>
+
+#include "metadata/LightReaders.h"
+#include "metadata/MetadataStorage.h"
+#include "pipeline/TextHelpers.h"
+#include "platform/DateParser.h"
+#include "platform/NumberText.h"
+#include "platform/Path.h"
+#include "platform/ReadFailures.h"
+#include "platform/RegularFile.h"
+
+namespace marquell::metadata {
+namespace {
+
+using pipeline::Node;
+using platform::HelperOutcome;
+using platform::PropertyDictionary;
+using platform::PropertyValue;
+
+std::string lowerCaseExtension(const Node& node) {
+    std::string extension(
+        platform::splitExtension(platform::lastPathComponent(node.absolutePath())).extension);
+    for (char& letter : extension) {
+        if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
+    }
+    return extension;
+}
+
+bool isSupported(std::string_view extension) {
+    const auto types = ImageIOHelper::supportedFileTypes();
+    return std::find(types.begin(), types.end(), extension) != types.end();
+}
+
+/// What can be read of a node; nothing if it is no file of the supported types.
+std::optional<platform::HelperJob> jobFor(const Node& node) {
+    std::string extension = lowerCaseExtension(node);
+    if (!isSupported(extension)) return std::nullopt;
+    int error = 0;
+    auto file = platform::openRegularFile(std::string(node.absolutePath()), error);
+    if (error != 0) platform::reportReadFailure(node.absolutePath(), error);
+    if (!file.descriptor.isOpen()) return std::nullopt;
+    return platform::HelperJob{std::move(file), std::move(extension)};
+}
+
+struct StoredForm {
+    std::optional<StoredValue> operator()(double number) const {
+        return platform::numberText(number);
+    }
+    std::optional<StoredValue> operator()(const std::string& text) const { return text; }
+    std::optional<StoredValue> operator()(const std::vector<std::string>& texts) const {
+        return pipeline::asCommaSeparatedString(texts);
+    }
+    std::optional<StoredValue> operator()(const std::vector<double>&) const { return std::nullopt; }
+};
+
+std::optional<StoredValue> transformed(const PropertyValue& value, Transformation transformation) {
+    if (transformation != Transformation::date) return std::visit(StoredForm{}, value);
+    const auto* text = std::get_if<std::string>(&value);
+    const auto date = text != nullptr ? platform::parseCameraDate(*text) : std::nullopt;
+    if (!date) return std::nullopt;
+    return *date;
+}
+
+}  // namespace
+
+ImageIOHelper& ImageIOHelper::shared() {
+    static ImageIOHelper helper(lightReaders());
+    return helper;
+}
+
+void ImageIOHelper::extract(const PathKey& path, const PropertyDictionary& fromDic,
+                            ExtractionModel withInstructions) {
+    for (const Instruction& instruction : withInstructions) {
+        const auto found = fromDic.find(static_cast<platform::PropertyKey>(instruction.property));
+        if (found == fromDic.end()) continue;
+        if (auto value = transformed(found->second, instruction.transformation)) {
+            MetadataStorage::shared().store(path, MetadataSource::imageIO, instruction.storedKey,
+                                            *std::move(value));
+        }
+    }
+}
+
+void ImageIOHelper::receive(const Node& node, HelperOutcome outcome,
+                            const PropertyDictionary& properties) {
+    switch (outcome) {
+        case HelperOutcome::values:
+            for (const ExtractionModel model :
+                 {imageMetadataExtractionModel(), exifMetadataExtractionModel(),
+                  iptcMetadataExtractionModel(), gpsMetadataExtractionModel(),
+                  tiffMetadataExtractionModel()}) {
+                extract(node.pathKey(), properties, model);
+            }
+            break;
+        case HelperOutcome::givenUp:
+            platform::reportReadFailure(node.absolutePath(), platform::ReadFailure::readerFailed);
+            break;
+        case HelperOutcome::unavailable:
+            platform::reportReadFailure({}, platform::ReadFailure::readersUnavailable);
+            break;
+        case HelperOutcome::nothing:
+        case HelperOutcome::stopped:
+            break;
+    }
+}
+
+void ImageIOHelper::retrieveAndStoreAllTagsFor(std::span<Node* const> nodes,
+                                               const NodeFinished& finished,
+                                               const pipeline::StopCheck& shouldStop) {
+    std::vector<platform::HelperJob> jobs;
+    std::vector<std::size_t> places;  // among the nodes, of each job
+    for (std::size_t i = 0; i < nodes.size() && !shouldStop(); ++i) {
+        if (auto job = jobFor(*nodes[i])) {
+            jobs.push_back(*std::move(job));
+            places.push_back(i);
+        } else {
+            finished(i);
+        }
+    }
+    if (jobs.empty()) return;
+    readers_.read(
+        platform::HelperTask::image, jobs,
+        [&](std::size_t job, HelperOutcome outcome, const PropertyDictionary& properties) {
+            receive(*nodes[places[job]], outcome, properties);
+            if (outcome != HelperOutcome::stopped) finished(places[job]);
+        },
+        shouldStop);
+}
+
+}  // namespace marquell::metadata

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "metadata/Extraction.h"
+#include "metadata/PathKey.h"
+#include "pipeline/KeySort.h"
+#include "pipeline/Node.h"
+#include "platform/HelperPool.h"
+#include "platform/ImageProperties.h"
+#include "platform/PropertyDictionary.h"
+
+namespace marquell::metadata {
+
+/// What becomes of a property. All but dates are stored as text.
+enum class Transformation { date, integer, decimal, string };
+
+/// Stores what images say of themselves: size and colours, EXIF, GPS and IPTC fields. Other
+/// processes read the files. Any thread, several at a time.
+class ImageIOHelper {
+public:
+    struct Instruction {
+        platform::ImagePropertyKey property;
+        std::string_view storedKey;  ///< a column id
+        Transformation transformation;
+    };
+    using ExtractionModel = std::span<const Instruction>;
+
+    /// `readers` must outlive this.
+    explicit ImageIOHelper(platform::HelperPool& readers) : readers_(readers) {}
+    static ImageIOHelper& shared();
+
+    static ExtractionModel imageMetadataExtractionModel();
+    static ExtractionModel gpsMetadataExtractionModel();
+    static ExtractionModel iptcMetadataExtractionModel();
+    static ExtractionModel tiffMetadataExtractionModel();
+    static ExtractionModel exifMetadataExtractionModel();
+
+    /// The extensions of the files that are looked at, in lower case, and "m4b".
+    static std::span<const std::string_view> supportedFileTypes();
+
+    /// Reads and stores; for nodes of other file types that is nothing. What can't be read is also
+    /// reported as a read failure; content that is no image, or a broken one, is not.
+    void retrieveAndStoreAllTagsFor(std::span<pipeline::Node* const> nodes,
+                                    const NodeFinished& finished,
+                                    const pipeline::StopCheck& shouldStop);
+
+    /// Stores what the instructions name and the dictionary has: a number as plain decimal text, a
+    /// text as it is, a list of texts as comma-separated text, a date from its text; a list of
+    /// numbers and a broken date not at all.
+    static void extract(const PathKey& path, const platform::PropertyDictionary& fromDic,
+                        ExtractionModel withInstructions);
+
+private:
+    static void receive(const pipeline::Node& node, platform::HelperOutcome outcome,
+                        const platform::PropertyDictionary& properties);
+
+    platform::HelperPool& readers_;
+};
+
+}  // namespace marquell::metadata
