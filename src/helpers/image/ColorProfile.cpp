@@ -15,7 +15,7 @@ using WideText = std::vector<wchar_t>;
 
 constexpr std::size_t maximumNameUnits = 4096;
 
-/// The description as the library gives it, without the NUL at the end.
+/// The description as the library gives it.
 WideText wideDescription(const std::string& profile) {
     // Broken profiles are common and no news.
     cmsSetLogErrorHandler([](cmsContext, cmsUInt32Number, const char*) {});
@@ -31,25 +31,18 @@ WideText wideDescription(const std::string& profile) {
     if (units > 0 && units <= maximumNameUnits) {
         text.resize(units);
         describe(text.data(), units * sizeof(wchar_t));
-        while (!text.empty() && text.back() == L'\0') text.pop_back();
+        text.pop_back();  // the NUL at the end
     }
     cmsCloseProfile(handle);
     return text;
 }
 
-bool isSurrogate(char32_t unit) { return unit >= 0xD800 && unit <= 0xDFFF; }
-
-/// The character at `index`, which is moved behind it. The library hands on UTF-16 units one by
-/// one, and bytes of old profiles with their sign.
-char32_t takeCharacter(const WideText& text, std::size_t& index) {
-    const auto unit = static_cast<char32_t>(text[index++]);
-    if (unit > 0x10FFFF) return unit & 0xFF;
-    if (!isSurrogate(unit)) return unit;
-    const auto next = index < text.size() ? static_cast<char32_t>(text[index]) : U'\0';
-    const bool isPair = unit < 0xDC00 && next >= 0xDC00 && isSurrogate(next);
-    if (!isPair) return U'\uFFFD';
-    ++index;
-    return 0x10000 + ((unit & 0x3FF) << 10) + (next & 0x3FF);
+/// A unit as a character: bytes of old profiles come with their sign.
+char32_t characterOf(wchar_t unit) {
+    const auto character = static_cast<char32_t>(unit);
+    if (character > 0x10FFFF) return character & 0xFF;
+    const bool isSurrogate = character >= 0xD800 && character <= 0xDFFF;
+    return isSurrogate ? U'\uFFFD' : character;
 }
 
 bool isControl(char32_t character) {
@@ -65,8 +58,13 @@ std::string trimmed(const std::string& text) {
 std::string nameOf(const std::string& profile) {
     const WideText text = wideDescription(profile);
     std::string name;
-    for (std::size_t index = 0; index < text.size();) {
-        const char32_t character = takeCharacter(text, index);
+    // The library counts UTF-16 units, but puts characters there. After one that took two units
+    // there is one place less in use at the end, and what stands there is left over from other
+    // memory.
+    std::size_t used = text.size();
+    for (std::size_t index = 0; index < used; ++index) {
+        const char32_t character = characterOf(text[index]);
+        if (character > 0xFFFF && used > index + 1) --used;
         if (!isControl(character)) name += platform::utf8Text(character);
     }
     return trimmed(name);
