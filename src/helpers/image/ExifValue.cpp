@@ -117,12 +117,13 @@ OptionalProperty firstNumber(const Exiv2::Value& value) {
     return *number;
 }
 
-OptionalProperty versionText(const std::string& digits) {
+OptionalProperty versionText(std::string_view digits) {
+    digits = untilNul(digits);
     const auto isDigit = [](char character) { return character >= '0' && character <= '9'; };
     if (digits.size() != 4 || !std::all_of(digits.begin(), digits.end(), isDigit)) {
         return std::nullopt;
     }
-    std::string text = digits.substr(digits[0] == '0' ? 1 : 0, digits[0] == '0' ? 1 : 2);
+    std::string text(digits.substr(digits[0] == '0' ? 1 : 0, digits[0] == '0' ? 1 : 2));
     text.append(".").append(1, digits[2]);
     if (digits[3] != '0') text.append(".").append(1, digits[3]);
     return text;
@@ -159,10 +160,8 @@ OptionalProperty decimalDegrees(const Exiv2::Value& value) {
 
 OptionalProperty commentText(const std::string& bytes, Exiv2::ByteOrder order) {
     using namespace std::string_view_literals;
-    constexpr std::size_t codeLength = 8;
-    if (bytes.size() <= codeLength) return std::nullopt;
-    const std::string_view code = std::string_view(bytes).substr(0, codeLength);
-    const std::string_view text = std::string_view(bytes).substr(codeLength);
+    const std::string_view code = std::string_view(bytes).substr(0, 8);
+    const std::string_view text = std::string_view(bytes).substr(code.size());
     if (code.starts_with("UNICODE"sv)) return textProperty(decodedText(text, utf16Of(text, order)));
     if (code.starts_with("JIS"sv)) return textProperty(decodedText(text, Charset::jis));
     const bool isDeclared = code == "ASCII\0\0\0"sv || code == "\0\0\0\0\0\0\0\0"sv;

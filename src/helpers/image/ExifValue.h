@@ -5,6 +5,7 @@
 #include <exiv2/exiv2.hpp>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "helpers/image/Rational.h"
@@ -34,7 +35,7 @@ OptionalProperty plainProperty(const Exiv2::Value& value);
 OptionalProperty firstNumber(const Exiv2::Value& value);
 
 /// Four digits of a version, "0231", as 2.3.1.
-OptionalProperty versionText(const std::string& digits);
+OptionalProperty versionText(std::string_view digits);
 
 /// One byte each, as 2.3.0.0.
 OptionalProperty dottedNumbers(const Exiv2::Value& value);
