@@ -325,7 +325,7 @@ def differences(folders):
 WRITTEN = """
 IFD0:Make=Maker IFD0:Model=Modell\u00fc IFD0:XResolution=300 IFD0:YResolution=240
 IFD0:ResolutionUnit=2 DateTimeOriginal=2024:02:29_23:59:58 ExifIFD:CreateDate=2024:03:01_00:00:01
-SubjectDistance=1.5 MeteringMode=5 LightSource=10 Flash=25 FocalLength=4.2
+SubjectDistance=1.5 MeteringMode=5 LightSource=10 ExifIFD:Flash=25 FocalLength=4.2
 UserComment=Gr\u00fc\u00dfe_\u65e5\u672c SubSecTime=012 SubSecTimeOriginal=45
 SubSecTimeDigitized=7 ExifIFD:ColorSpace=1 ExifImageWidth=4000 ExifImageHeight=3000
 SubjectLocation=10_20 SceneType=1 ExposureMode=2 WhiteBalance=1 DigitalZoomRatio=1.25

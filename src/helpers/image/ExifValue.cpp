@@ -27,19 +27,19 @@ std::vector<Rational> rationalsOf(const Values& values) {
 }
 
 /// The order of UTF-16 text is the directory's by the standard, but not all cameras keep to it: the
-/// one that makes more Latin characters is right.
+/// other one is right if it makes most of the text Latin.
 Charset utf16Of(std::string_view bytes, Exiv2::ByteOrder order) {
     if (bytes.starts_with("\xFE\xFF")) return Charset::utf16BigEndian;
     if (bytes.starts_with("\xFF\xFE")) return Charset::utf16LittleEndian;
-    long bigEndian = 0;
+    const bool isBigEndian = order == Exiv2::bigEndian;
+    std::size_t latinOtherwise = 0;
     for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
-        bigEndian += bytes[i] == 0 ? 1 : 0;
-        bigEndian -= bytes[i + 1] == 0 ? 1 : 0;
+        const char high = bytes[isBigEndian ? i + 1 : i];
+        const char low = bytes[isBigEndian ? i : i + 1];
+        if (high == 0 && low != 0) ++latinOtherwise;
     }
-    if (bigEndian == 0) {
-        return order == Exiv2::bigEndian ? Charset::utf16BigEndian : Charset::utf16LittleEndian;
-    }
-    return bigEndian > 0 ? Charset::utf16BigEndian : Charset::utf16LittleEndian;
+    const bool isOtherwise = latinOtherwise > bytes.size() / 4;
+    return isBigEndian != isOtherwise ? Charset::utf16BigEndian : Charset::utf16LittleEndian;
 }
 
 std::string twoDigits(const std::string& text) {
