@@ -9,17 +9,6 @@ constexpr std::uint64_t inMeta = 1;
 
 /// How wide each kind of number is, which the box itself tells.
 struct Widths {
-    explicit Widths(IsoReader& reader) {
-        const IsoVersion start(reader);
-        version = start.version;
-        const std::uint64_t lengths = reader.number(2);
-        offset = lengths >> 12 & 0xF;
-        length = lengths >> 8 & 0xF;
-        base = lengths >> 4 & 0xF;
-        index = version == 0 ? 0 : lengths & 0xF;
-        item = version < 2 ? 2 : 4;
-    }
-
     bool isValid() const {
         for (const std::size_t width : {offset, length, base, index}) {
             if (width != 0 && width != 4 && width != 8) return false;
@@ -35,6 +24,18 @@ struct Widths {
     std::size_t index = 0;
     std::size_t item = 0;
 };
+
+Widths readWidths(IsoReader& reader) {
+    Widths widths;
+    widths.version = IsoVersion(reader).version;
+    const std::uint64_t lengths = reader.number(2);
+    widths.offset = lengths >> 12 & 0xF;
+    widths.length = lengths >> 8 & 0xF;
+    widths.base = lengths >> 4 & 0xF;
+    widths.index = widths.version == 0 ? 0 : lengths & 0xF;
+    widths.item = widths.version < 2 ? 2 : 4;
+    return widths;
+}
 
 std::vector<HeifLocation::Extent> readExtents(IsoReader& reader, const Widths& widths,
                                               std::uint64_t count) {
@@ -53,7 +54,7 @@ std::vector<HeifLocation::Extent> readExtents(IsoReader& reader, const Widths& w
 
 std::optional<HeifLocation> findHeifLocation(Input& input, const IsoBox& box, std::uint32_t item) {
     IsoReader reader(input, box);
-    const Widths widths(reader);
+    const Widths widths = readWidths(reader);
     if (!widths.isValid()) return std::nullopt;
     const std::uint64_t count = reader.number(widths.item);
     for (std::uint64_t i = 0; i < count && i < maximumSteps; ++i) {
