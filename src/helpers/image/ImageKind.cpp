@@ -13,7 +13,7 @@
 namespace marquell::helpers {
 namespace {
 
-using std::string_view_literals::operator""sv;
+using namespace std::string_view_literals;
 
 struct Signature {
     std::string_view start;
