@@ -3,9 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <functional>
+#include <memory>
 #include <string>
 #include <system_error>
-#include <thread>
 #include <utility>
 #include <vector>
 
@@ -77,25 +78,6 @@ TEST_F(HashesHelperTest, StoresNothingOfWhatCantBeReadOrWasStopped) {
     EXPECT_TRUE(helper.retrieveAndStoreAllTagsFor(*node(folder / "gone"), never));
     EXPECT_THAT(failures, ElementsAre(Pair(folder / "gone", ENOENT)));
     EXPECT_EQ(MetadataStorage::shared().itemCounter(), 0);
-}
-
-TEST_F(HashesHelperTest, ServesSeveralThreadsAtOnce) {
-    std::vector<std::shared_ptr<pipeline::Node>> files;
-    for (std::size_t i = 0; i < 4; ++i) {
-        tests::writeFile(folder / std::to_string(i), std::string(3000000, 'x'));
-        files.push_back(node(folder / std::to_string(i)));
-    }
-    std::vector<std::thread> threads;
-    for (const auto& file : files) {
-        threads.emplace_back([&] { helper.retrieveAndStoreAllTagsFor(*file, never); });
-    }
-    for (std::thread& thread : threads) thread.join();
-    for (const auto& file : files) {
-        for (const std::string_view key : platform::digestNames) {
-            EXPECT_NE(stored(*file, key), "");
-            EXPECT_EQ(stored(*file, key), stored(*files[0], key));
-        }
-    }
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <functional>
 #include <string>
 #include <system_error>
+#include <thread>
 #include <vector>
 
 #include "platform/FileDigests.h"
@@ -101,6 +102,13 @@ TEST_F(FileDigestsTest, AreThoseOfTheBytesWhateverTheSizeAndTheThreads) {
     for (unsigned long wanted = 0; wanted < 32; ++wanted) {
         EXPECT_EQ(digestsOfFile(path, wanted, never).texts, plainDigests(bytes, wanted)) << wanted;
     }
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 3; ++i) {
+        startThread(threads, [&] {
+            EXPECT_EQ(digestsOfFile(path, everything, never).texts, plainDigests(bytes));
+        });
+    }
+    for (std::thread& thread : threads) thread.join();
 }
 
 TEST_F(FileDigestsTest, StopSoonInAFileOfAnySize) {
