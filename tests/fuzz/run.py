@@ -53,13 +53,13 @@ def run(program, name, seeds, seconds):
         (corpus / f"seed-{number}").write_bytes(seed)
     words = BUILD / "words"
     words.write_text("".join(f'"{word}"\n' for word in WORDS))
-    crashes = BUILD / f"{name}-crash-"
+    findings = BUILD / f"{name}-"
     result = subprocess.run([program, f"-max_total_time={seconds}", "-seed=1", "-max_len=8192",
                              "-timeout=5", "-rss_limit_mb=1024", f"-dict={words}",
                              "-verbosity=0", "-print_final_stats=1",
-                             f"-artifact_prefix={crashes}", corpus])
+                             f"-artifact_prefix={findings}", corpus])
     if result.returncode != 0:
-        print(f"{name}: a finding, kept in {crashes}*", file=sys.stderr)
+        print(f"{name}: a finding, kept in {findings}crash-*, -leak-*, -oom-* or -timeout-*", file=sys.stderr)
     return result.returncode == 0
 
 
