@@ -33,7 +33,7 @@ public:
 private:
     struct Death {
         std::chrono::steady_clock::time_point time;
-        std::uint64_t answersBefore;
+        std::uint64_t answersBefore = 0;
     };
 
     std::atomic<std::uint64_t> answers_ = 0;

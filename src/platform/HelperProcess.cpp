@@ -5,11 +5,11 @@
 #include <sys/resource.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
-#include <time.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <csignal>
+#include <ctime>
 #include <utility>
 
 namespace marquell::platform {

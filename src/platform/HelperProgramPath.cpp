@@ -33,7 +33,7 @@ std::string helperProgramPath(const std::string& name) {
     const std::string folder = programFolder();
     if (folder.empty()) return "";
     for (const std::string& place : {folder, joinPath(folder, "../libexec/marquell")}) {
-        const std::string path = joinPath(place, name);
+        std::string path = joinPath(place, name);
         if (isProgram(path)) return path;
     }
     return "";

@@ -62,10 +62,10 @@ void HelperReading::run(std::unique_ptr<HelperProcess>& process) {
         if (talk == Talk::done) continue;
         if (talk == Talk::stopped) {
             // With answers still to come it is of no use to the next caller.
-            if (!underWay_.empty()) health_.bury(std::move(process));
+            if (!underWay_.empty()) health_.bury(std::exchange(process, nullptr));
             return endAll(HelperOutcome::stopped);
         }
-        health_.bury(std::move(process));
+        health_.bury(std::exchange(process, nullptr));
         health_.died();
         blame();
     }

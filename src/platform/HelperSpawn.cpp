@@ -55,8 +55,8 @@ int openEnds(SpawnedHelper& helper, HelperEnds& ends) {
 class Preparation {
 public:
     Preparation() {
-        error_ = ::posix_spawn_file_actions_init(&actions_);
-        if (error_ == 0) error_ = ::posix_spawnattr_init(&attributes_);
+        note(::posix_spawn_file_actions_init(&actions_));
+        note(::posix_spawnattr_init(&attributes_));
     }
     Preparation(const Preparation&) = delete;
     Preparation& operator=(const Preparation&) = delete;

@@ -133,7 +133,7 @@ bool refuseNewerCalls() {
 }  // namespace
 
 bool filterSystemCalls() {
-    const scmp_filter_ctx filter = ::seccomp_init(SCMP_ACT_ALLOW);
+    scmp_filter_ctx filter = ::seccomp_init(SCMP_ACT_ALLOW);
     if (filter == nullptr) return false;
     ::seccomp_attr_set(filter, SCMP_FLTATR_CTL_OPTIMIZE, 2);  // found in few steps
     const bool isFiltered = addRules(filter) && ::seccomp_load(filter) == 0;
