@@ -76,14 +76,15 @@ ImageIOHelper& ImageIOHelper::shared() {
 
 void ImageIOHelper::extract(const PathKey& path, const PropertyDictionary& fromDic,
                             ExtractionModel withInstructions) {
+    std::vector<KeyedValue> values;
     for (const Instruction& instruction : withInstructions) {
         const auto found = fromDic.find(static_cast<platform::PropertyKey>(instruction.property));
         if (found == fromDic.end()) continue;
         if (auto value = transformed(found->second, instruction.transformation)) {
-            MetadataStorage::shared().store(path, MetadataSource::imageIO, instruction.storedKey,
-                                            *std::move(value));
+            values.push_back({metadataKey(instruction.storedKey), *std::move(value)});
         }
     }
+    if (!values.empty()) MetadataStorage::shared().store(path, MetadataSource::imageIO, values);
 }
 
 void ImageIOHelper::receive(const Node& node, HelperOutcome outcome,

@@ -53,13 +53,18 @@ MetadataStorage::Shard& MetadataStorage::shardOf(const PathKey& path) const {
 
 void MetadataStorage::store(const PathKey& fullPath, MetadataSource source, std::string_view key,
                             StoredValue value) {
-    const MetadataKey number = metadataKey(key);
+    const std::array values = {KeyedValue{metadataKey(key), std::move(value)}};
+    store(fullPath, source, values);
+}
+
+void MetadataStorage::store(const PathKey& fullPath, MetadataSource source,
+                            std::span<const KeyedValue> values) {
     {
         Shard& shard = shardOf(fullPath);
         const std::lock_guard lock(shard.mutex);
-        shard.records->findOrMake(fullPath).store(number, source, std::move(value));
+        shard.records->findOrMake(fullPath).store(source, values);
     }
-    itemCounter_.fetch_add(1, std::memory_order_relaxed);
+    itemCounter_.fetch_add(static_cast<std::int64_t>(values.size()), std::memory_order_relaxed);
 }
 
 void MetadataStorage::storeBasicInformation(const PathKey& fullPath,

@@ -13,6 +13,7 @@
 
 #include "metadata/MetadataKey.h"
 #include "metadata/MetadataSource.h"
+#include "metadata/PackedValues.h"
 #include "metadata/PathKey.h"
 #include "metadata/WrappedMetaDataValue.h"
 #include "platform/FileSystem.h"
@@ -38,6 +39,8 @@ public:
     /// A later value under the same path, key and source replaces the earlier one.
     void store(const PathKey& fullPath, MetadataSource source, std::string_view key,
                StoredValue value);
+    /// Several values at once, in one look-up.
+    void store(const PathKey& fullPath, MetadataSource source, std::span<const KeyedValue> values);
 
     /// All keys of the basic source at once.
     void storeBasicInformation(const PathKey& fullPath,

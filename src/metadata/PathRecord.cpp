@@ -15,20 +15,13 @@ std::string roundedUpText(std::int64_t bytes, std::int64_t unit) {
 
 }  // namespace
 
-void PathRecord::store(MetadataKey key, MetadataSource source, StoredValue value) {
-    if (key == MetadataKey::retrieved) {
-        const bool* flag = std::get_if<BoolValue>(&value);
+void PathRecord::store(MetadataSource source, std::span<const KeyedValue> values) {
+    for (const KeyedValue& value : values) {
+        if (value.key != MetadataKey::retrieved) continue;
+        const bool* flag = std::get_if<BoolValue>(&value.value);
         setRetrieved(source, flag != nullptr && *flag);
-        return;
     }
-    const auto same = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) {
-        return entry.key == key && entry.source == source;
-    });
-    if (same != entries_.end()) {
-        same->value = std::move(value);
-    } else {
-        entries_.push_back({key, source, std::move(value)});
-    }
+    values_.store(source, values);
 }
 
 void PathRecord::storeBasicInformation(const platform::EntryAttributes& attributes) {
@@ -39,9 +32,8 @@ void PathRecord::storeBasicInformation(const platform::EntryAttributes& attribut
     modificationNanoseconds_ =
         attributes.modification ? attributes.modification->nanoseconds : noDate;
     hasBasicInformation_ = true;
-    std::erase_if(entries_, [this](const Entry& entry) {
-        return entry.source == MetadataSource::basic &&
-               !std::holds_alternative<None>(basicValue(entry.key));
+    values_.erase(MetadataSource::basic, [this](MetadataKey key) {
+        return !std::holds_alternative<None>(basicValue(key));
     });
 }
 
@@ -49,11 +41,8 @@ WrappedMetaDataValue PathRecord::find(MetadataKey key, MetadataSource source) co
     if (key == MetadataKey::retrieved) {
         return isRetrieved(source) ? WrappedMetaDataValue(true) : None{};
     }
-    for (const Entry& entry : entries_) {
-        if (entry.key != key || entry.source != source) continue;
-        return std::visit([](const auto& held) -> WrappedMetaDataValue { return held; },
-                          entry.value);
-    }
+    WrappedMetaDataValue value = values_.find(key, source);
+    if (!std::holds_alternative<None>(value)) return value;
     if (source == MetadataSource::basic && hasBasicInformation_) return basicValue(key);
     return None{};
 }

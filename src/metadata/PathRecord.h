@@ -3,11 +3,12 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <span>
 #include <string_view>
-#include <vector>
 
 #include "metadata/MetadataKey.h"
 #include "metadata/MetadataSource.h"
+#include "metadata/PackedValues.h"
 #include "metadata/WrappedMetaDataValue.h"
 #include "platform/FileSystem.h"
 
@@ -23,8 +24,8 @@ public:
 
     std::string_view path() const { return path_; }
 
-    /// Replaces an earlier value of the same key and source.
-    void store(MetadataKey key, MetadataSource source, StoredValue value);
+    /// These replace earlier values of the same keys and source.
+    void store(MetadataSource source, std::span<const KeyedValue> values);
     void storeBasicInformation(const platform::EntryAttributes& attributes);
     WrappedMetaDataValue find(MetadataKey key, MetadataSource source) const;
 
@@ -37,12 +38,6 @@ public:
     }
 
 private:
-    struct Entry {
-        MetadataKey key;
-        MetadataSource source;
-        StoredValue value;
-    };
-
     static constexpr std::uint8_t bitOf(MetadataSource source) {
         return static_cast<std::uint8_t>(1U << static_cast<unsigned>(source));
     }
@@ -63,7 +58,7 @@ private:
     std::uint8_t retrieved_ = 0;   ///< a bit for each source that has finished
     std::uint8_t retrieving_ = 0;  ///< a bit for each source that a thread is at
     bool hasBasicInformation_ = false;
-    std::vector<Entry> entries_;
+    PackedValues values_;
 };
 
 }  // namespace marquell::metadata

@@ -184,7 +184,7 @@ TEST_F(DataCoordinatorTest, DisplayStrings) {
     EXPECT_EQ(node->getDisplayString("name").text, "\uFFFD\\\\n");
     EXPECT_EQ(node->getDisplayString("absolute_path").text, "/a\\tb/\uFFFD\\\\n");
     EXPECT_EQ(node->getDisplayString("full_path_name_length").text, "8");
-    for (const char* column : {"extension", "tags", "no_such_column", "", "md5"}) {
+    for (const char* column : {"extension", "tags", "no_such_column", ""}) {
         EXPECT_EQ(fileOf("")->getDisplayString(column).kind, Kind::noValue);
     }
     EXPECT_EQ(bare->getDisplayString("relative_path"), (DisplayStringWrapper{Kind::string, ""}));
@@ -207,7 +207,7 @@ TEST_F(DataCoordinatorTest, DisplayStrings) {
 
 TEST_F(DataCoordinatorTest, UnknownAndUndeliveredColumnsAskNobody) {
     const auto node = nodeAt("/missing");
-    for (const char* column : {"no_such_column", "md5", "contentcreationdate"}) {
+    for (const char* column : {"no_such_column", "contentcreationdate"}) {
         const auto cell = cellOf(*node, column);
         EXPECT_EQ(node->getWrappedValueSync(column), WrappedMetaDataValue(None{}));
         EXPECT_EQ(node->getDateValueSync(pipeline::Column(column)), platform::distantPast);

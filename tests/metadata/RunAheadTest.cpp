@@ -53,7 +53,8 @@ protected:
 
     tests::TemporaryFolder folder;
     std::vector<std::shared_ptr<pipeline::Node>> files;
-    const std::vector<Column> columns{Column("name"), Column("size"), Column("md5")};
+    const std::vector<Column> columns{Column("name"), Column("size"),
+                                      Column("contentcreationdate")};
     std::atomic<bool> unwanted = false;
     const pipeline::StopCheck isUnwanted = [this] { return unwanted.load(); };
 
@@ -119,7 +120,8 @@ TEST_F(RunAheadTest, AnUnwantedStageReadsWhatIsStoredAndNothingElse) {
 TEST_F(RunAheadTest, ExtractsOnlyWhatTheColumnsNeed) {
     platform::setWorkerCount(2);
     {
-        RunAhead ahead(files, {Column("name"), Column("md5"), Column("nothing")}, isUnwanted);
+        RunAhead ahead(files, {Column("name"), Column("contentcreationdate"), Column("nothing")},
+                       isUnwanted);
         ahead.waitFor(files.size() - 1);
     }
     EXPECT_EQ(MetadataStorage::shared().itemCounter(), 0);
