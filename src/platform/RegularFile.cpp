@@ -33,7 +33,11 @@ RegularFile openRegularFile(const std::string& path, int& error) {
     RegularFile file;
     // A descriptor of this kind only refers to the entry; nothing is opened yet.
     const FileDescriptor found = openPath(path, O_PATH, error);
-    if (!found.isOpen()) return file;
+    if (!found.isOpen()) {
+        int entryError = 0;
+        if (error == ENOENT && entryExists(path, entryError)) error = 0;
+        return file;
+    }
     struct ::stat expected {};
     if (::fstat(found.get(), &expected) != 0) {
         error = errno;

@@ -17,8 +17,8 @@ struct RegularFile {
 
 /// Opens a path for its content, links followed. What is no regular file is never opened: not a
 /// FIFO or a device, which could block or act, also when one takes the place of a file just now.
-/// Not open on failure: `error` is then errno, or 0 for a folder, FIFO, socket or device, which
-/// have no content of this kind.
+/// Not open on failure: `error` is then errno, or 0 for a folder, FIFO, socket, device or dangling
+/// link, which have no content of this kind.
 RegularFile openRegularFile(const std::string& path, int& error);
 
 }  // namespace marquell::platform
