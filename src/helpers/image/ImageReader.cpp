@@ -11,8 +11,10 @@
 
 #include "helpers/image/DecodedText.h"
 #include "helpers/image/ExifReader.h"
+#include "helpers/image/ExifValue.h"
 #include "helpers/image/ImageHeader.h"
 #include "helpers/image/InputIo.h"
+#include "helpers/image/IptcBlock.h"
 #include "helpers/image/IptcReader.h"
 #include "helpers/image/XmpReader.h"
 #include "platform/ImageProperties.h"
@@ -26,7 +28,7 @@ using platform::PropertyDictionary;
 /// What stands in an image file beside its header.
 struct Metadata {
     Exiv2::ExifData exif;
-    Exiv2::IptcData iptc;
+    std::string iptc;  ///< data sets
     Exiv2::XmpData xmp;
     Exiv2::ByteOrder order = Exiv2::bigEndian;
     ImageHeader header;  ///< as the library finds it, of the kinds that have none of ours
@@ -113,7 +115,11 @@ std::optional<std::uint32_t> positive(int number) {
 void readContainer(Metadata& metadata, Exiv2::Image& image) {
     leniently([&image] { image.readMetadata(); });
     metadata.exif = std::move(image.exifData());
-    metadata.iptc = std::move(image.iptcData());
+    if (!image.iptcData().empty()) {
+        const Exiv2::DataBuf block = Exiv2::IptcParser::encode(image.iptcData());
+        metadata.iptc.assign(reinterpret_cast<const char*>(block.pData_),
+                             static_cast<std::size_t>(block.size_));
+    }
     metadata.xmp = std::move(image.xmpData());
     if (image.byteOrder() != Exiv2::invalidByteOrder) metadata.order = image.byteOrder();
     metadata.header.pixelWidth = positive(image.pixelWidth());
@@ -133,6 +139,27 @@ void readItems(Metadata& metadata, Input& input) {
             static_cast<std::uint32_t>(items.exif.size()));
     });
     leniently([&] { Exiv2::XmpParser::decode(metadata.xmp, items.xmp); });
+}
+
+/// The block of data sets in a file's directory, as it stands.
+std::string iptcBlockOf(const Exiv2::ExifData& exif) {
+    const auto bytesOf = [&exif](const char* field) {
+        const auto found = exif.findKey(Exiv2::ExifKey(field));
+        return found != exif.end() ? rawBytes(found->value(), Exiv2::bigEndian) : std::string();
+    };
+    std::string block = bytesOf("Exif.Image.IPTCNAA");
+    if (block.starts_with('\x1C')) return block;
+    const std::string bytes = bytesOf("Exif.Image.ImageResources");
+    MemoryInput resources(bytes);
+    return iptcBlockOfResources(resources, 0, resources.size());
+}
+
+/// The library gives times a zone that they don't have, so its reading is for the containers that
+/// it alone knows.
+void preferRawIptc(Metadata& metadata, Input& input, ImageKind kind) {
+    std::string block =
+        isMadeOfDirectories(kind) ? iptcBlockOf(metadata.exif) : iptcBlock(input, kind);
+    if (!block.empty()) metadata.iptc = std::move(block);
 }
 
 template <typename Value>
@@ -195,10 +222,11 @@ PropertyDictionary readKind(Input& input, ImageKind kind) {
     Metadata metadata;
     if (const auto container = containerOf(input, kind)) readContainer(metadata, *container);
     if (kind == ImageKind::heif) readItems(metadata, input);
+    preferRawIptc(metadata, input, kind);
     PropertyDictionary properties;
     addHeaderProperties(properties, headerOf(input, kind, metadata));
     leniently([&] { addExifProperties(properties, metadata.exif, metadata.order); });
-    leniently([&] { addIptcProperties(properties, metadata.iptc); });
+    addIptcProperties(properties, metadata.iptc);
     leniently([&] { addXmpProperties(properties, metadata.xmp); });
     return properties;
 }

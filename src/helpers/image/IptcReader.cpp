@@ -5,13 +5,14 @@
 #include <array>
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 #include "helpers/image/DecodedText.h"
-#include "helpers/image/ExifValue.h"
+#include "helpers/image/IptcBlock.h"
 #include "platform/ImageProperties.h"
 #include "platform/Utf8.h"
 
@@ -20,13 +21,13 @@ namespace {
 
 using Key = platform::ImagePropertyKey;
 
-constexpr std::uint16_t envelopeRecord = 1;
-constexpr std::uint16_t codedCharacterSet = 90;
-constexpr std::uint16_t applicationRecord = 2;
+constexpr std::uint8_t envelopeRecord = 1;
+constexpr std::uint8_t codedCharacterSet = 90;
+constexpr std::uint8_t applicationRecord = 2;
 
 /// A data set of the application record.
 struct Field {
-    std::uint16_t dataSet;
+    std::uint8_t dataSet;
     Key key;
 };
 
@@ -82,40 +83,40 @@ constexpr std::array fields = {
 
 /// The declared character set, as the escape sequences of ISO 2022 name it. Without one that is
 /// known here, all texts together show whether they are UTF-8.
-Charset charsetOf(const Exiv2::IptcData& iptc) {
+Charset charsetOf(std::string_view block) {
     constexpr std::array<std::pair<std::string_view, Charset>, 3> sequences = {{
         {"\x1B%G", Charset::utf8},
         {"\x1B-A", Charset::windows1252},
         {"\x1B.A", Charset::windows1252},
     }};
+    std::optional<Charset> declared;
     bool isUtf8 = true;
-    for (const Exiv2::Iptcdatum& datum : iptc) {
-        const std::string bytes = rawBytes(datum.value(), Exiv2::bigEndian);
-        if (datum.record() == envelopeRecord && datum.tag() == codedCharacterSet) {
-            const auto* const declared =
+    forEachDataSet(block, [&](std::uint8_t record, std::uint8_t dataSet, std::string_view bytes) {
+        if (record == envelopeRecord && dataSet == codedCharacterSet) {
+            const auto* const sequence =
                 std::find_if(sequences.begin(), sequences.end(),
-                             [&bytes](const auto& row) { return row.first == bytes; });
-            if (declared != sequences.end()) return declared->second;
+                             [bytes](const auto& row) { return row.first == bytes; });
+            if (sequence != sequences.end()) declared = sequence->second;
         }
-        isUtf8 = isUtf8 && (datum.record() != applicationRecord || platform::isValidUtf8(bytes));
-    }
-    return isUtf8 ? Charset::utf8 : Charset::windows1252;
+        isUtf8 = isUtf8 && (record != applicationRecord || platform::isValidUtf8(bytes));
+    });
+    return declared.value_or(isUtf8 ? Charset::utf8 : Charset::windows1252);
 }
 
 }  // namespace
 
-void addIptcProperties(platform::PropertyDictionary& properties, const Exiv2::IptcData& iptc) {
-    const Charset charset = charsetOf(iptc);
+void addIptcProperties(platform::PropertyDictionary& properties, std::string_view block) {
+    const Charset charset = charsetOf(block);
     std::map<Key, std::vector<std::string>> texts;
-    for (const Exiv2::Iptcdatum& datum : iptc) {
-        if (datum.record() != applicationRecord) continue;
+    forEachDataSet(block, [&](std::uint8_t record, std::uint8_t dataSet, std::string_view bytes) {
+        if (record != applicationRecord) return;
         const auto* const field =
             std::find_if(fields.begin(), fields.end(),
-                         [&datum](const Field& row) { return row.dataSet == datum.tag(); });
-        if (field == fields.end()) continue;
-        std::string text = decodedText(rawBytes(datum.value(), Exiv2::bigEndian), charset);
+                         [dataSet](const Field& row) { return row.dataSet == dataSet; });
+        if (field == fields.end()) return;
+        std::string text = decodedText(bytes, charset);
         if (!text.empty()) texts[field->key].push_back(std::move(text));
-    }
+    });
     for (auto& [key, list] : texts) {
         const auto number = static_cast<platform::PropertyKey>(key);
         if (list.size() == 1) {

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <exiv2/exiv2.hpp>
+#include <string_view>
 
 #include "platform/PropertyDictionary.h"
 
 namespace marquell::helpers {
 
-/// Adds what the IIM record says: texts as they stand, a list where a field is repeated.
-void addIptcProperties(platform::PropertyDictionary& properties, const Exiv2::IptcData& iptc);
+/// Adds what the data sets of an IIM block say: texts as they stand, a list where one is repeated.
+void addIptcProperties(platform::PropertyDictionary& properties, std::string_view block);
 
 }  // namespace marquell::helpers

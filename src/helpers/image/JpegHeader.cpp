@@ -4,68 +4,14 @@
 #include <string_view>
 
 #include "helpers/image/ImageHeaders.h"
+#include "helpers/image/JpegSegments.h"
 #include "helpers/image/Numbers.h"
 
 namespace marquell::helpers {
 namespace {
 
-// Bytes outside of any segment that are searched for the next marker, in one file.
-constexpr std::uint64_t maximumGarbage = std::uint64_t{1024} * 1024;
-
 constexpr std::string_view densityMark("JFIF\0", 5);
 constexpr std::string_view profileMark("ICC_PROFILE\0", 12);
-
-struct Segment {
-    std::uint8_t marker = 0;
-    std::uint64_t begin = 0;   ///< of the content
-    std::uint64_t length = 0;  ///< of the content
-};
-
-/// Goes from marker to marker the way decoders do: bytes between segments are skipped.
-class SegmentWalk {
-public:
-    explicit SegmentWalk(Input& input) : input_(input) {}
-
-    /// False at the image data and where there are no more segments.
-    bool next(Segment& segment) {
-        while (steps_++ < maximumSteps && findMarker(segment.marker)) {
-            const bool standsAlone =
-                segment.marker == 0x01 || (segment.marker >= 0xD0 && segment.marker <= 0xD8);
-            if (standsAlone) continue;
-            constexpr std::uint8_t endOfImage = 0xD9;
-            constexpr std::uint8_t startOfScan = 0xDA;
-            if (segment.marker == endOfImage || segment.marker == startOfScan) return false;
-            const std::string length = input_.bytesAt(position_, 2);
-            const std::uint64_t whole = bigEndian(length, 0, 2);
-            if (whole < 2) return false;
-            segment.begin = position_ + 2;
-            segment.length = whole - 2;
-            position_ += whole;
-            return true;
-        }
-        return false;
-    }
-
-private:
-    /// Leaves the position behind the next marker.
-    bool findMarker(std::uint8_t& marker) {
-        bool afterFill = false;
-        for (; garbage_ < maximumGarbage; ++garbage_) {
-            char byte = 0;
-            if (!input_.readExactly(position_, {&byte, 1})) return false;
-            ++position_;
-            marker = static_cast<std::uint8_t>(byte);
-            if (afterFill && marker != 0 && marker != 0xFF) return true;
-            afterFill = marker == 0xFF;
-        }
-        return false;
-    }
-
-    Input& input_;
-    std::uint64_t position_ = 0;
-    std::uint64_t garbage_ = 0;
-    std::size_t steps_ = 0;
-};
 
 bool isFrame(std::uint8_t marker) {
     const bool isOther = marker == 0xC4 || marker == 0xC8 || marker == 0xCC;
@@ -85,7 +31,7 @@ void readDensity(std::string_view content, ImageHeader& header) {
 /// A profile comes in up to 255 numbered pieces, in any order.
 class ProfilePieces {
 public:
-    void add(Input& input, const Segment& segment) {
+    void add(Input& input, const JpegSegment& segment) {
         const std::size_t frame = profileMark.size() + 2;
         if (segment.length < frame) return;
         const std::string numbers = input.bytesAt(segment.begin + profileMark.size(), 2);
@@ -100,7 +46,7 @@ public:
     std::string whole(Input& input) const {
         std::string profile;
         for (std::size_t index = 1; index <= count_; ++index) {
-            const Segment& piece = pieces_[index];
+            const JpegSegment& piece = pieces_[index];
             if (piece.length > maximumProfileBytes - profile.size()) return {};
             const std::string bytes = profileAt(input, piece.begin, piece.length);
             if (bytes.empty()) return {};
@@ -110,7 +56,7 @@ public:
     }
 
 private:
-    std::array<Segment, 256> pieces_;
+    std::array<JpegSegment, 256> pieces_;
     std::size_t count_ = 0;
 };
 
@@ -121,8 +67,8 @@ ImageHeader readJpegHeader(Input& input) {
     ProfilePieces profile;
     bool hasFrame = false;
     bool hasDensity = false;
-    SegmentWalk walk(input);
-    for (Segment segment; walk.next(segment);) {
+    JpegSegmentWalk walk(input);
+    for (JpegSegment segment; walk.next(segment);) {
         const auto length = static_cast<std::size_t>(std::min<std::uint64_t>(segment.length, 16));
         const std::string start = input.bytesAt(segment.begin, length);
         if (isFrame(segment.marker) && !hasFrame) {
