@@ -240,9 +240,7 @@ void prepareImageReader() {
     prepareDecoding();
 }
 
-std::optional<PropertyDictionary> readImage(int descriptor, std::uint64_t size,
-                                            std::string_view extension) {
-    FileInput input(descriptor, size);
+std::optional<PropertyDictionary> readImage(Input& input, std::string_view extension) {
     const ImageKind kind = imageKindOf(input, extension);
     if (kind == ImageKind::none) return std::nullopt;
     return readKind(input, kind);

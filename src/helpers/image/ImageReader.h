@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string_view>
 
+#include "helpers/image/Input.h"
 #include "platform/PropertyDictionary.h"
 
 namespace marquell::helpers {
@@ -12,11 +12,10 @@ namespace marquell::helpers {
 /// Makes the libraries ready, as far as they load files or code later. Once, before readImage.
 void prepareImageReader();
 
-/// All that an open file says of the (first) image in it, by platform::ImagePropertyKey. `size` is
-/// the file's, `extension` that of its name (lower case, without the dot). Absent if the content is
-/// of no kind that is read. Not for two threads at once: the libraries aren't. Throws what the
-/// standard library throws when memory runs out.
-std::optional<platform::PropertyDictionary> readImage(int descriptor, std::uint64_t size,
-                                                      std::string_view extension);
+/// All that a file says of the (first) image in it, by platform::ImagePropertyKey. `extension` is
+/// that of its name (lower case, without the dot). Absent if the content is of no kind that is
+/// read. Not for two threads at once: the libraries aren't. Throws what the standard library throws
+/// when memory runs out.
+std::optional<platform::PropertyDictionary> readImage(Input& input, std::string_view extension);
 
 }  // namespace marquell::helpers

@@ -19,7 +19,8 @@ using namespace marquell;
 std::optional<platform::PropertyDictionary> readFile(const platform::HelperRequest& request,
                                                      int descriptor) {
     const std::string_view padded(request.extension.data(), request.extension.size());
-    return helpers::readImage(descriptor, request.size, padded.substr(0, padded.find('\0')));
+    helpers::FileInput input(descriptor, request.size);
+    return helpers::readImage(input, padded.substr(0, padded.find('\0')));
 }
 
 }  // namespace
