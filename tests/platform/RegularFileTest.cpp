@@ -29,14 +29,10 @@ TEST(RegularFile, OpensNothingElse) {
         int error;
     };
     const std::vector<Case> cases = {
-        {folder / "file", true, 0},
-        {folder / "link", true, 0},
-        {folder / "pipe", false, 0},
-        {folder / "link to pipe", false, 0},
-        {folder.path(), false, 0},
-        {"/dev/null", false, 0},
-        {folder / "dangling", false, 0},
-        {folder / "file/x", false, ENOTDIR},
+        {folder / "file", true, 0},      {folder / "link", true, 0},
+        {folder / "pipe", false, 0},     {folder / "link to pipe", false, 0},
+        {folder.path(), false, 0},       {"/dev/null", false, 0},
+        {folder / "dangling", false, 0}, {folder / "file/x", false, ENOTDIR},
         {"/proc/self/status", true, 0},
     };
     for (const auto& [path, isOpen, expected] : cases) {
