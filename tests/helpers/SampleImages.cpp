@@ -104,6 +104,24 @@ std::string heif() {
     return heifFile(fullBox("pitm", big(7, 2)) + box("iprp", properties));
 }
 
+/// With numbers in an order of bytes.
+std::string bigTiff(std::string number(std::uint64_t, std::size_t)) {
+    const std::string profile = sampleProfile("A profile");
+    const auto field = [number](std::uint64_t tag, std::uint64_t type, std::uint64_t count,
+                                std::string value) {
+        value.resize(8);
+        return number(tag, 2) + number(type, 2) + number(count, 8) + value;
+    };
+    const std::string fields =
+        field(0x0100, 4, 1, number(30, 4)) + field(0x0101, 3, 1, number(20, 2)) +
+        field(0x0102, 3, 3, number(16, 2) + number(16, 2) + number(16, 2)) +
+        field(0x011A, 5, 1, number(600, 4) + number(2, 4)) +
+        field(0x011B, 5, 1, number(72, 4) + number(1, 4)) + field(0x0128, 3, 1, number(2, 2)) +
+        field(0x8773, 7, profile.size(), number(16 + 8 + 7 * 20, 8));
+    return (number(1, 2) == big(1, 2) ? "MM" : "II") + number(43, 2) + number(8, 2) + zeros(2) +
+           number(16, 8) + number(7, 8) + fields + profile;
+}
+
 }  // namespace
 
 std::string sampleProfile(const std::string& description) {
@@ -155,6 +173,8 @@ std::vector<SampleImage> sampleImages() {
         {"tga, 16 bits", tga(16), ImageKind::tga, 5, 0, 0, false, "vst"},
         {"jp2", jp2(), ImageKind::jp2, 12, 72, 300, true, ""},
         {"jp2, bare", codeStream(), ImageKind::jp2, 10, 0, 0, false, ""},
+        {"bigtiff", bigTiff(big), ImageKind::tiff, 16, 300, 72, true, ""},
+        {"bigtiff, little-endian", bigTiff(little), ImageKind::tiff, 16, 300, 72, true, ""},
         {"heif", heif(), ImageKind::heif, 10, 0, 0, true, ""},
     };
 }

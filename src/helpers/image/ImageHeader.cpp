@@ -33,7 +33,9 @@ std::string profileAt(Input& input, std::uint64_t offset, std::uint64_t length) 
 }
 
 std::optional<double> dpiFromMetric(double pixelsPerUnit, double unitsPerInch) {
-    const double dpi = pixelsPerUnit * unitsPerInch;
+    // In ten-thousandths the factor is a whole number, and 5906 per metre are 150.0124.
+    constexpr double scale = 10'000;
+    const double dpi = pixelsPerUnit * std::round(unitsPerInch * scale) / scale;
     if (!std::isfinite(dpi) || dpi <= 0) return std::nullopt;
     const double whole = std::round(dpi);
     return whole > 0 && std::abs(dpi - whole) <= 0.01 ? whole : dpi;
@@ -61,6 +63,8 @@ ImageHeader readImageHeader(Input& input, ImageKind kind) {
             return readJp2Header(input);
         case ImageKind::heif:
             return readHeifHeader(input);
+        case ImageKind::tiff:
+            return readBigTiffHeader(input);
         default:
             return {};
     }

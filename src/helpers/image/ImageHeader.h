@@ -24,8 +24,8 @@ struct ImageHeader {
 };
 
 /// Reads the header of a file of the given kind. Reads little, and takes bounded time and memory
-/// whatever the bytes are. Empty for kinds whose fields all stand in TIFF directories (tiff, cr2,
-/// orf, rw2, raf, cr3).
+/// whatever the bytes are. Empty for kinds whose fields all stand in TIFF directories (tiff but for
+/// BigTIFF, cr2, orf, rw2, raf, cr3).
 ImageHeader readImageHeader(Input& input, ImageKind kind);
 
 /// Dots per inch from a density in pixels per metre or centimetre; absent for none.

@@ -26,6 +26,8 @@ ImageHeader readIcoHeader(Input& input);
 ImageHeader readTgaHeader(Input& input);
 ImageHeader readJp2Header(Input& input);
 ImageHeader readHeifHeader(Input& input);
+/// Empty for a TIFF of the ordinary kind.
+ImageHeader readBigTiffHeader(Input& input);
 
 // Whether what follows a weak signature, or none, is a header of that kind.
 bool isPlausibleBmp(Input& input);
