@@ -25,10 +25,11 @@ def nested(kind, outer=b"", inner=b"", overhead=b""):
 
 
 def box_images():
-    for brand, extension in ((b"heic", "heic"), (b"avif", "avif"), (b"crx ", "cr3")):
+    kinds = ((b"iprp", b""), (b"ipco", b""), (b"meta", bytes(4)), (b"moov", b""), (b"dinf", b""))
+    for brand, extension, some in ((b"heic", "heic", kinds), (b"avif", "avif", kinds),
+                                   (b"crx ", "cr3", kinds[:1])):  # costs as much with each kind
         start = box(b"ftyp", brand + bytes(4) + b"mif1" + brand)
-        for kind, overhead in ((b"iprp", b""), (b"ipco", b""), (b"meta", bytes(4)),
-                               (b"moov", b""), (b"dinf", b"")):
+        for kind, overhead in some:
             inside = nested(kind, overhead=overhead)
             yield f"nested {kind.decode()}.{extension}", start + inside
             yield f"nested {kind.decode()} in meta.{extension}", start + full_box(b"meta", inside)
