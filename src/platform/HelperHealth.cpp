@@ -1,37 +1,25 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/HelperHealth.h"
 
+#include <cstddef>
 #include <utility>
 
 namespace marquell::platform {
 namespace {
 
 constexpr int toleratedFailedStarts = 1;
-constexpr std::size_t countedDeaths = 20;
-constexpr auto countedTime = std::chrono::seconds(60);
 constexpr std::size_t toleratedStuck = 3;
 
 }  // namespace
 
 void HelperHealth::started(std::uint32_t protections) {
     const std::lock_guard lock(mutex_);
-    failedStarts_ = 0;
     hasStarted_ = true;
     protections_ &= protections;
 }
 
 void HelperHealth::didNotStart() {
-    const std::lock_guard lock(mutex_);
-    if (++failedStarts_ > toleratedFailedStarts) isUnavailable_ = true;
-}
-
-void HelperHealth::died() {
-    const std::lock_guard lock(mutex_);
-    const auto now = std::chrono::steady_clock::now();
-    deaths_.push_back({now, answers_});
-    if (deaths_.size() > countedDeaths) deaths_.pop_front();
-    if (deaths_.size() < countedDeaths || now - deaths_.front().time > countedTime) return;
-    if (answers_ - deaths_.front().answersBefore < countedDeaths) isUnavailable_ = true;
+    if (failedStarts_.fetch_add(1) >= toleratedFailedStarts) isUnavailable_ = true;
 }
 
 void HelperHealth::bury(std::unique_ptr<HelperProcess> process) {

@@ -2,10 +2,7 @@
 #pragma once
 
 #include <atomic>
-#include <chrono>
-#include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <memory>
 #include <mutex>
 #include <vector>
@@ -18,9 +15,9 @@ namespace marquell::platform {
 class HelperHealth {
 public:
     void started(std::uint32_t protections);
+    /// One did not come to its first file. Twice in a row without an answer between, and none will.
     void didNotStart();
-    void answered() { answers_.fetch_add(1, std::memory_order_relaxed); }
-    void died();
+    void answered() { failedStarts_.store(0, std::memory_order_relaxed); }
 
     /// Ends a process, and keeps it for later if it can't be ended now.
     void bury(std::unique_ptr<HelperProcess> process);
@@ -31,19 +28,12 @@ public:
     std::uint32_t protections() const;
 
 private:
-    struct Death {
-        std::chrono::steady_clock::time_point time;
-        std::uint64_t answersBefore = 0;
-    };
-
-    std::atomic<std::uint64_t> answers_ = 0;
+    std::atomic<int> failedStarts_ = 0;  ///< since the last answer
     std::atomic<bool> isUnavailable_ = false;
     mutable std::mutex mutex_;
     // Guarded by mutex_:
-    int failedStarts_ = 0;  // in a row
     bool hasStarted_ = false;
     std::uint32_t protections_ = ~std::uint32_t{0};
-    std::deque<Death> deaths_;  // the latest
     std::vector<std::unique_ptr<HelperProcess>> stuck_;
 };
 

@@ -66,8 +66,9 @@ public:
     void read(HelperTask task, std::span<HelperJob> jobs, const Receiver& receive,
               const std::function<bool()>& shouldStop);
 
-    /// Whether helpers were given up for good: they don't start, or too many died lately over too
-    /// few successes. All later jobs are `unavailable`.
+    /// Whether helpers were given up for good: twice in a row one did not get as far as its first
+    /// file. All later jobs are `unavailable`. Files alone never bring that about, however many of
+    /// them kill their helpers: the good ones among them are still read.
     bool isUnavailable() const;
 
     /// The protections (bits of HelperProtocol.h) that every helper so far was ready with.

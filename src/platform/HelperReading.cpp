@@ -66,7 +66,7 @@ void HelperReading::run(std::unique_ptr<HelperProcess>& process) {
             return endAll(HelperOutcome::stopped);
         }
         health_.bury(std::exchange(process, nullptr));
-        health_.died();
+        if (underWay_.empty()) health_.didNotStart();
         blame();
     }
 }

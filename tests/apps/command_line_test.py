@@ -148,11 +148,11 @@ class CommandLineTest(unittest.TestCase):
             (["-c", "size_in_bytes", "-c", "extension"], b'"2500","txt"\n'),
         ]:
             self.lists(expected, "tree/b.txt", *columns)
-        titles = self.run_program("-c", "@EXIF", "--from0", "-", "-s", "includeColumnTitlesMode=2",
+        titles = self.run_program("-c", "@ID3", "--from0", "-", "-s", "includeColumnTitlesMode=2",
                                   stdin=subprocess.DEVNULL)
-        self.assertRegex(titles[1].decode(), r'^("[^"]+ \(EXIF\)",)+"[^"]+ \(EXIF\)"\n$')
-        self.assertRegex(titles[2], r"^marquell-list: no values yet for these columns: exif_")
-        self.assertEqual(self.run_program("-qc@EXIF", "tree/a")[2], "")
+        self.assertRegex(titles[1].decode(), r'^("[^"]+ \(ID3\)",)+"[^"]+ \(ID3\)"\n$')
+        self.assertRegex(titles[2], r"^marquell-list: no values yet for these columns: id3_")
+        self.assertEqual(self.run_program("-qc@ID3", "tree/a")[2], "")
 
     def test_information(self):
         for option, beginning in [

@@ -240,6 +240,30 @@ void prepareImageReader() {
     prepareDecoding();
 }
 
+bool readsSampleImage() {
+    using namespace std::string_view_literals;
+    // One pixel, a directory with the maker "Me" and a packet of XMP with a rating.
+    constexpr std::string_view sample =
+        "\xFF\xD8"
+        "\xFF\xE1\0\x22"
+        "Exif\0\0II*\0\x08\0\0\0\1\0\x0F\1\2\0\3\0\0\0Me\0\0\0\0\0\0"
+        "\xFF\xE1\0\xB4"
+        "http://ns.adobe.com/xap/1.0/\0"
+        "<rdf:RDF xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'>"
+        "<rdf:Description xmlns:xmp='http://ns.adobe.com/xap/1.0/' xmp:Rating='5'/></rdf:RDF>"
+        "\xFF\xC0\0\x0B\x08\0\1\0\1\1\1\x11\0\xFF\xDA"sv;
+    MemoryInput input(sample);
+    const auto has = [](const PropertyDictionary& properties, Key key,
+                        const platform::PropertyValue& value) {
+        const auto found = properties.find(static_cast<platform::PropertyKey>(key));
+        return found != properties.end() && found->second == value;
+    };
+    const auto properties = readImage(input, "jpg");
+    return properties && has(*properties, Key::kCGImagePropertyPixelWidth, 1.0) &&
+           has(*properties, Key::kCGImagePropertyTIFFMake, "Me") &&
+           has(*properties, Key::kCGImagePropertyIPTCStarRating, 5.0);
+}
+
 std::optional<PropertyDictionary> readImage(Input& input, std::string_view extension) {
     const ImageKind kind = imageKindOf(input, extension);
     if (kind == ImageKind::none) return std::nullopt;

@@ -44,6 +44,12 @@ long InputIo::read(Exiv2::byte* buffer, long length) {
 }
 
 int InputIo::getb() {
+    // Parsers search for marks like this, and would go through a hole of terabytes.
+    constexpr std::size_t most = std::size_t{4} * 1024 * 1024;
+    if (++singleBytes_ > most) {
+        isAtEnd_ = true;
+        return EOF;
+    }
     Exiv2::byte byte = 0;
     return read(&byte, 1) == 1 ? byte : EOF;
 }

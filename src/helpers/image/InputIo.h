@@ -39,6 +39,7 @@ private:
     Input& input_;
     std::uint64_t offset_ = 0;
     bool isAtEnd_ = false;
+    std::size_t singleBytes_ = 0;  ///< read one by one so far
 };
 
 }  // namespace marquell::helpers

@@ -30,6 +30,8 @@ int main() {
     if (!helpers::dieWithProgram(platform::helperLifeline)) return 1;
     helpers::prepareImageReader();
     const std::uint32_t protections = helpers::confine();
+    // Whoever can't read this one will fail over any file: better not to begin.
+    if (!helpers::readsSampleImage()) return 1;
     const bool isDone = helpers::answerRequests(platform::helperSocket, protections, readFile);
     // Nothing is worth cleaning up, and a process that was taken over must not run exit handlers.
     ::_exit(isDone ? 0 : 1);
