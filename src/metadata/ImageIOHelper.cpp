@@ -69,9 +69,25 @@ std::optional<StoredValue> transformed(const PropertyValue& value, Transformatio
 
 }  // namespace
 
+ImageIOHelper::ImageIOHelper(platform::HelperPool& readers) : readers_(readers) {
+    for (const ExtractionModel model :
+         {imageMetadataExtractionModel(), exifMetadataExtractionModel(),
+          iptcMetadataExtractionModel(), gpsMetadataExtractionModel(),
+          tiffMetadataExtractionModel()}) {
+        instructions_.insert(instructions_.end(), model.begin(), model.end());
+    }
+}
+
 ImageIOHelper& ImageIOHelper::shared() {
     static ImageIOHelper helper(lightReaders());
     return helper;
+}
+
+void ImageIOHelper::setWantedColumns(std::span<const std::string> ids) {
+    instructions_ = ImageIOHelper(readers_).instructions_;
+    std::erase_if(instructions_, [ids](const Instruction& instruction) {
+        return std::find(ids.begin(), ids.end(), instruction.storedKey) == ids.end();
+    });
 }
 
 void ImageIOHelper::extract(const PathKey& path, const PropertyDictionary& fromDic,
@@ -88,15 +104,10 @@ void ImageIOHelper::extract(const PathKey& path, const PropertyDictionary& fromD
 }
 
 void ImageIOHelper::receive(const Node& node, HelperOutcome outcome,
-                            const PropertyDictionary& properties) {
+                            const PropertyDictionary& properties) const {
     switch (outcome) {
         case HelperOutcome::values:
-            for (const ExtractionModel model :
-                 {imageMetadataExtractionModel(), exifMetadataExtractionModel(),
-                  iptcMetadataExtractionModel(), gpsMetadataExtractionModel(),
-                  tiffMetadataExtractionModel()}) {
-                extract(node.pathKey(), properties, model);
-            }
+            extract(node.pathKey(), properties, instructions_);
             break;
         case HelperOutcome::givenUp:
             platform::reportReadFailure(node.absolutePath(), platform::ReadFailure::readerFailed);

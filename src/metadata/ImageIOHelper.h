@@ -31,7 +31,7 @@ public:
     using ExtractionModel = std::span<const Instruction>;
 
     /// `readers` must outlive this.
-    explicit ImageIOHelper(platform::HelperPool& readers) : readers_(readers) {}
+    explicit ImageIOHelper(platform::HelperPool& readers);
     static ImageIOHelper& shared();
 
     static ExtractionModel imageMetadataExtractionModel();
@@ -42,6 +42,11 @@ public:
 
     /// The extensions of the files that are looked at, in lower case, and "m4b".
     static std::span<const std::string_view> supportedFileTypes();
+
+    /// Which columns are stored from now on: those among `ids`, whatever else is there; all until
+    /// set. A program that asks for no others later saves memory so. Not to be called while
+    /// extraction runs.
+    void setWantedColumns(std::span<const std::string> ids);
 
     /// Reads and stores; for nodes of other file types that is nothing. What can't be read is also
     /// reported as a read failure; content that is no image, or a broken one, is not.
@@ -56,10 +61,11 @@ public:
                         ExtractionModel withInstructions);
 
 private:
-    static void receive(const pipeline::Node& node, platform::HelperOutcome outcome,
-                        const platform::PropertyDictionary& properties);
+    void receive(const pipeline::Node& node, platform::HelperOutcome outcome,
+                 const platform::PropertyDictionary& properties) const;
 
     platform::HelperPool& readers_;
+    std::vector<Instruction> instructions_;  ///< of all models, as far as they are wanted
 };
 
 }  // namespace marquell::metadata

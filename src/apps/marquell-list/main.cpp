@@ -23,6 +23,7 @@
 #include "formats/OutputFormatType.h"
 #include "metadata/DataCoordinator.h"
 #include "metadata/HashesHelper.h"
+#include "metadata/ImageIOHelper.h"
 #include "metadata/TagManager.h"
 #include "platform/AtomicFile.h"
 #include "platform/DescriptorIo.h"
@@ -110,6 +111,7 @@ struct RequestRunner {
         if (!request.quiet) hintAtUndeliveredColumns(request.snapshot);
         // The process ends with this list: nobody will ask for the others.
         metadata::HashesHelper::shared().setWantedDigests(request.snapshot.columnList);
+        metadata::ImageIOHelper::shared().setWantedColumns(request.snapshot.columnList);
         const FailureCollector failures;
         // The run outlives the delivery, so that a list of millions is given back meanwhile.
         ListRun run;
