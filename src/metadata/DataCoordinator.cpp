@@ -14,8 +14,6 @@ namespace {
 
 using pipeline::Node;
 
-constexpr auto never = [] { return false; };
-
 }  // namespace
 
 struct DataCoordinator::Request {
@@ -95,17 +93,13 @@ void DataCoordinator::runNext(const pipeline::StopCheck& isClosing) {
     if (request == nullptr) return;
     Node& node = *request->node;
     // Hours of reading are not for somebody who has looked away since.
-    retrieve(node, request->source, [&] {
+    retrieveDataSynchronously(node, request->source, [&] {
         return isClosing() || node.interest(request->source) == pipeline::ObserverInterest::lost;
     });
 }
 
-void DataCoordinator::retrieveDataSynchronously(Node& node, MetadataSource source) {
-    retrieve(node, source, never);
-}
-
-void DataCoordinator::retrieve(Node& node, MetadataSource source,
-                               const pipeline::StopCheck& shouldStop) {
+void DataCoordinator::retrieveDataSynchronously(Node& node, MetadataSource source,
+                                                const pipeline::StopCheck& shouldStop) {
     const Extraction* extraction = extractionOf(source);
     if (extraction == nullptr) return;
     MetadataStorage& storage = MetadataStorage::shared();

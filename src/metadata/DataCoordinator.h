@@ -39,8 +39,11 @@ public:
     void retrieveDataAsynchronously(std::shared_ptr<pipeline::Node> node, MetadataSource source);
 
     /// Runs the source on the caller's thread, unless it has finished with the node before; waits
-    /// when another thread is at it. Does nothing for a source that nothing delivers.
-    void retrieveDataSynchronously(pipeline::Node& node, MetadataSource source);
+    /// when another thread is at it. Does nothing for a source that nothing delivers. What
+    /// `shouldStop` ends is as if never asked for.
+    void retrieveDataSynchronously(
+        pipeline::Node& node, MetadataSource source,
+        const pipeline::StopCheck& shouldStop = [] { return false; });
 
     /// Runs the source for those of the nodes that it has not finished with and that no other
     /// thread is at, together where that is faster. What a stop has left out is as if never asked
@@ -53,8 +56,6 @@ private:
     class TakeNextRequest;
 
     void runNext(const pipeline::StopCheck& isClosing);
-    void retrieve(pipeline::Node& node, MetadataSource source,
-                  const pipeline::StopCheck& shouldStop);
     std::shared_ptr<const Request> takeNext();
 
     std::mutex mutex_;

@@ -166,10 +166,16 @@ std::optional<MetadataStorage::Ticket> MetadataStorage::beginRetrieval(
     Shard& shard = shardOf(fullPath);
     std::unique_lock lock(shard.mutex);
     for (;;) {
-        if (const auto ticket = shard.begin(fullPath, source)) return ticket;
-        if (shard.records->findOrMake(fullPath).isRetrieved(source)) return std::nullopt;
-        const bool isQuiet = shard.finished.wait_for(lock, 100ms) == std::cv_status::timeout;
-        if (isQuiet && shouldStop()) return std::nullopt;
+        // Other paths of the shard wake it too, so the question has a time of its own.
+        const auto due = std::chrono::steady_clock::now() + 100ms;
+        do {
+            if (const auto ticket = shard.begin(fullPath, source)) return ticket;
+            if (shard.records->findOrMake(fullPath).isRetrieved(source)) return std::nullopt;
+        } while (shard.finished.wait_until(lock, due) == std::cv_status::no_timeout &&
+                 std::chrono::steady_clock::now() < due);
+        lock.unlock();
+        if (shouldStop()) return std::nullopt;
+        lock.lock();
     }
 }
 

@@ -49,6 +49,9 @@ RunAhead::RunAhead(const std::vector<std::shared_ptr<Node>>& files,
       readsTags_(
           std::any_of(columns.begin(), columns.end(),
                       [](const Column& column) { return column.origin == Column::Origin::tags; })),
+      readsContents_(
+          std::any_of(sources_.begin(), sources_.end(),
+                      [](MetadataSource source) { return source != MetadataSource::basic; })),
       blockSize_(nodesPerBlock(sources_)) {
     if (sources_.empty() && !readsTags_) return;
     const std::size_t blocks = (files.size() + blockSize_ - 1) / blockSize_;
@@ -114,7 +117,16 @@ bool RunAhead::waitFor(std::size_t index) {
         while (nextBlock_.load(std::memory_order_relaxed) <= block) extractNextBlock();
         isDone_[block].wait(0, std::memory_order_acquire);
     }
+    // Somebody else may be at a file for long; the others are looked at as fast.
+    if (readsContents_) waitForContents(*files_[index]);
     return !isUnwanted_() || isReady(*files_[index]);
+}
+
+void RunAhead::waitForContents(Node& node) const {
+    for (const MetadataSource source : sources_) {
+        if (MetadataStorage::shared().isRetrieved(node.pathKey(), source)) continue;
+        DataCoordinator::shared().retrieveDataSynchronously(node, source, isUnwanted_);
+    }
 }
 
 }  // namespace marquell::metadata

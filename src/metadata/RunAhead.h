@@ -44,11 +44,13 @@ private:
     void extract(std::size_t begin, std::size_t end) const;
     bool shouldStop() const;
     bool isReady(const pipeline::Node& node) const;
+    void waitForContents(pipeline::Node& node) const;
 
     const std::vector<std::shared_ptr<pipeline::Node>>& files_;
     std::vector<MetadataSource> sources_;
     const pipeline::StopCheck isUnwanted_;
-    bool readsTags_ = false;
+    const bool readsTags_;
+    const bool readsContents_;
     std::size_t blockSize_ = 1;
 
     std::atomic<bool> stopped_ = false;

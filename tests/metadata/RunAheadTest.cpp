@@ -117,6 +117,17 @@ TEST_F(RunAheadTest, AnUnwantedStageReadsWhatIsStoredAndNothingElse) {
     }
 }
 
+TEST_F(RunAheadTest, AnUnwantedStageDoesNotWaitForAnotherThatReadsForLong) {
+    MetadataStorage& storage = MetadataStorage::shared();
+    const auto ticket = storage.tryBeginRetrieval(files[0]->pathKey(), MetadataSource::hashes);
+    ASSERT_TRUE(ticket);
+    std::atomic<int> asked = 0;
+    RunAhead ahead(files, {Column("md5")}, [&asked] { return ++asked > 50; });
+    EXPECT_FALSE(ahead.waitFor(0));
+    storage.cancelRetrieval(files[0]->pathKey(), MetadataSource::hashes, *ticket);
+    EXPECT_FALSE(storage.isRetrieved(files[0]->pathKey(), MetadataSource::hashes));
+}
+
 TEST_F(RunAheadTest, ExtractsOnlyWhatTheColumnsNeed) {
     platform::setWorkerCount(2);
     {
