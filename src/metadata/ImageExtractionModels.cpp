@@ -178,10 +178,11 @@ constexpr std::array iptcModel = {
 };
 
 constexpr auto fileTypes = std::to_array<std::string_view>({
-    "jpg", "jpeg", "jpe", "jfif", "mpo",  "png",  "apng",  "tif",   "tiff", "webp", "gif",
-    "bmp", "dib",  "psd", "psb",  "heic", "heif", "heics", "heifs", "hif",  "avif", "jp2",
-    "j2k", "j2c",  "jpf", "jpx",  "jpc",  "dng",  "cr2",   "cr3",   "nef",  "nrw",  "arw",
-    "sr2", "srf",  "orf", "rw2",  "raf",  "pef",  "srw",   "ico",   "cur",  "tga",  "m4b",
+    "jpg", "jpeg", "jpe", "jfif", "mpo",  "png",   "apng",  "tif", "tiff", "webp", "gif", "bmp",
+    "dib", "psd",  "psb", "heic", "heif", "heics", "heifs", "hif", "avif", "jp2",  "j2k", "j2c",
+    "jpf", "jpx",  "jpc", "dng",  "cr2",  "cr3",   "nef",   "nrw", "arw",  "sr2",  "srf", "orf",
+    "rw2", "raf",  "pef", "srw",  "3fr",  "iiq",   "erf",   "kdc", "dcr",  "mef",  "mos", "rwl",
+    "ico", "cur",  "tga", "icb",  "vda",  "vst",   "targa", "m4b",
 });
 
 }  // namespace

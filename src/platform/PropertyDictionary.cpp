@@ -54,15 +54,16 @@ struct ContentEncoder {
         return isText(text);
     }
     bool operator()(const std::vector<std::string>& texts) const {
+        if (texts.size() > maximumListLength) return false;
         for (const std::string& text : texts) {
-            if (text.size() > maximumPropertyBytes) return false;
+            if (text.empty() || text.size() > maximumPropertyBytes) return false;
             append(bytes, static_cast<std::uint32_t>(text.size()));
             if (!(*this)(text)) return false;
         }
         return true;
     }
     bool operator()(const std::vector<double>& numbers) const {
-        bool isFinite = true;
+        bool isFinite = numbers.size() <= maximumListLength;
         for (const double number : numbers) isFinite = (*this)(number) && isFinite;
         return isFinite;
     }
@@ -81,7 +82,8 @@ std::optional<PropertyValue> decodeTexts(std::string_view content) {
     std::vector<std::string> texts;
     while (!content.empty()) {
         std::uint32_t length = 0;
-        if (!take(content, length) || length > content.size()) return std::nullopt;
+        if (!take(content, length) || length == 0 || length > content.size()) return std::nullopt;
+        if (texts.size() == maximumListLength) return std::nullopt;
         const std::string_view text = content.substr(0, length);
         if (!isText(text)) return std::nullopt;
         texts.emplace_back(text);
@@ -92,6 +94,7 @@ std::optional<PropertyValue> decodeTexts(std::string_view content) {
 
 std::optional<PropertyValue> decodeNumbers(std::string_view content) {
     std::vector<double> numbers;
+    if (content.size() > maximumListLength * sizeof(double)) return std::nullopt;
     while (!content.empty()) {
         const auto number = decodeNumber(content);
         if (!number) return std::nullopt;

@@ -23,8 +23,8 @@ public:
             case ReadFailure::readerFailed:
                 return "its content was given up: the process that read it crashed or hung";
             case ReadFailure::readersUnavailable:
-                return "the columns of pictures stay empty: their reader marquell-read-light "
-                       "does not start";
+                return "columns of pictures are not filled any further: the program that reads "
+                       "them, marquell-read-light, can't be started";
         }
         return "unknown failure";
     }

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <map>
+#include <utility>
 
 #include "platform/Utf8.h"
 
@@ -72,23 +74,43 @@ void appendUtf16(std::string& text, std::string_view bytes, bool isBigEndian) {
     }
 }
 
-/// The converter of this (single-threaded) process, kept since it is loaded from files.
-iconv_t jisConverter() {
-    static iconv_t const converter = ::iconv_open("UTF-8", "ISO-2022-JP");
-    return converter;
+/// What the C library converts, by its names.
+constexpr std::array<std::pair<Charset, const char*>, 9> convertedCharsets = {{
+    {Charset::jis, "ISO-2022-JP"},
+    {Charset::latin2, "ISO-8859-2"},
+    {Charset::latin3, "ISO-8859-3"},
+    {Charset::latin4, "ISO-8859-4"},
+    {Charset::cyrillic, "ISO-8859-5"},
+    {Charset::arabic, "ISO-8859-6"},
+    {Charset::greek, "ISO-8859-7"},
+    {Charset::hebrew, "ISO-8859-8"},
+    {Charset::latin5, "ISO-8859-9"},
+}};
+
+/// The converters of this (single-threaded) process, kept since they are loaded from files.
+iconv_t converterOf(Charset charset) {
+    static const auto converters = [] {
+        std::map<Charset, iconv_t> opened;
+        for (const auto& [known, name] : convertedCharsets) {
+            opened.emplace(known, ::iconv_open("UTF-8", name));
+        }
+        return opened;
+    }();
+    return converters.at(charset);
 }
 
-void appendJis(std::string& text, std::string bytes) {
+void appendConverted(std::string& text, std::string bytes, Charset charset) {
+    iconv_t const converter = converterOf(charset);
     // iconv_open's own way of saying none.
-    if (jisConverter() == reinterpret_cast<iconv_t>(-1)) return;
-    ::iconv(jisConverter(), nullptr, nullptr, nullptr, nullptr);
+    if (converter == reinterpret_cast<iconv_t>(-1)) return;
+    ::iconv(converter, nullptr, nullptr, nullptr, nullptr);
     std::string converted(bytes.size() * 4, '\0');
     char* in = bytes.data();
     char* out = converted.data();
     std::size_t inLeft = bytes.size();
     std::size_t outLeft = converted.size();
     // What follows a broken sequence is lost, what precedes it isn't.
-    ::iconv(jisConverter(), &in, &inLeft, &out, &outLeft);
+    ::iconv(converter, &in, &inLeft, &out, &outLeft);
     converted.resize(converted.size() - outLeft);
     if (platform::isValidUtf8(converted)) appendUtf8(text, converted);
 }
@@ -105,7 +127,6 @@ std::string decodedText(std::string_view bytes, Charset charset) {
     std::string text;
     switch (charset) {
         case Charset::likely:
-        case Charset::utf8:
             if (platform::isValidUtf8(bytes)) {
                 appendUtf8(text, bytes);
                 break;
@@ -118,8 +139,8 @@ std::string decodedText(std::string_view bytes, Charset charset) {
         case Charset::utf16LittleEndian:
             appendUtf16(text, bytes, charset == Charset::utf16BigEndian);
             break;
-        case Charset::jis:
-            appendJis(text, std::string(bytes));
+        default:
+            appendConverted(text, std::string(bytes), charset);
             break;
     }
     text.resize(withoutPadding(text).size());
@@ -129,9 +150,9 @@ std::string decodedText(std::string_view bytes, Charset charset) {
 bool isReadableText(std::string_view bytes) {
     const std::string_view text = withoutPadding(bytes);
     if (text.empty() || !platform::isValidUtf8(text)) return false;
-    return decodedText(text, Charset::utf8) == text;
+    return decodedText(text, Charset::likely) == text;
 }
 
-void prepareDecoding() { jisConverter(); }
+void prepareDecoding() { converterOf(Charset::jis); }
 
 }  // namespace marquell::helpers

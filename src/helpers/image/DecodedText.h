@@ -11,11 +11,18 @@ namespace marquell::helpers {
 
 enum class Charset {
     likely,       ///< UTF-8 if it is valid as such, else windows1252
-    utf8,         ///< what is no UTF-8 after all counts as windows1252
     windows1252,  ///< with it ISO Latin 1
     utf16BigEndian,
     utf16LittleEndian,
     jis,  ///< ISO-2022-JP, as EXIF has it
+    latin2,
+    latin3,
+    latin4,
+    cyrillic,  ///< this and the next three as in ISO 8859
+    arabic,
+    greek,
+    hebrew,
+    latin5,
 };
 
 std::string decodedText(std::string_view bytes, Charset charset);

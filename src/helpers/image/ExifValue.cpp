@@ -2,6 +2,8 @@
 #include "helpers/image/ExifValue.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <string_view>
 #include <utility>
@@ -16,6 +18,16 @@ std::string_view untilNul(std::string_view bytes) { return bytes.substr(0, bytes
 
 std::optional<double> finite(std::optional<double> number) {
     return number && std::isfinite(*number) ? number : std::nullopt;
+}
+
+/// The double that the shortest text of the number stands for: 2.8, not 2.799999952316284.
+std::optional<double> widened(float number) {
+    if (!std::isfinite(number)) return std::nullopt;
+    std::array<char, 32> text{};
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), number).ptr;
+    double wide = 0;
+    std::from_chars(text.data(), end, wide);
+    return wide;
 }
 
 template <typename Values>
@@ -74,7 +86,7 @@ std::optional<double> component(const Exiv2::Value& value, long index) {
         case Exiv2::signedRational:
             return quotient(rationals(value).at(place));
         case Exiv2::tiffFloat:
-            return finite(value.toFloat(index));
+            return widened(value.toFloat(index));
         case Exiv2::tiffDouble:
             if (const auto* numbers = dynamic_cast<const Exiv2::DoubleValue*>(&value)) {
                 return finite(numbers->value_.at(place));
@@ -172,7 +184,7 @@ OptionalProperty commentText(const std::string& bytes, Exiv2::ByteOrder order) {
 
 OptionalProperty readableText(const std::string& bytes) {
     if (!isReadableText(bytes)) return std::nullopt;
-    return textProperty(decodedText(bytes, Charset::utf8));
+    return textProperty(decodedText(bytes, Charset::likely));
 }
 
 }  // namespace marquell::helpers

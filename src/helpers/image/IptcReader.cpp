@@ -5,7 +5,6 @@
 #include <array>
 #include <cstdint>
 #include <map>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -14,7 +13,6 @@
 #include "helpers/image/DecodedText.h"
 #include "helpers/image/IptcBlock.h"
 #include "platform/ImageProperties.h"
-#include "platform/Utf8.h"
 
 namespace marquell::helpers {
 namespace {
@@ -81,26 +79,35 @@ constexpr std::array fields = {
     Field{135, Key::kCGImagePropertyIPTCLanguageIdentifier},
 };
 
-/// The declared character set, as the escape sequences of ISO 2022 name it. Without one that is
-/// known here, all texts together show whether they are UTF-8.
+/// By its last character, an escape sequence of ISO 2022 that declares the character set.
+struct Designation {
+    char last;
+    Charset charset;
+};
+
+// What declares UTF-8 is not to be found here: texts that keep to it are seen to.
+constexpr std::array designations = {
+    Designation{'A', Charset::windows1252}, Designation{'B', Charset::latin2},
+    Designation{'C', Charset::latin3},      Designation{'D', Charset::latin4},
+    Designation{'F', Charset::greek},       Designation{'G', Charset::arabic},
+    Designation{'H', Charset::hebrew},      Designation{'L', Charset::cyrillic},
+    Designation{'M', Charset::latin5},
+};
+
+/// Without a declaration that is known here each text shows for itself what it is.
 Charset charsetOf(std::string_view block) {
-    constexpr std::array<std::pair<std::string_view, Charset>, 3> sequences = {{
-        {"\x1B%G", Charset::utf8},
-        {"\x1B-A", Charset::windows1252},
-        {"\x1B.A", Charset::windows1252},
-    }};
-    std::optional<Charset> declared;
-    bool isUtf8 = true;
+    Charset charset = Charset::likely;
     forEachDataSet(block, [&](std::uint8_t record, std::uint8_t dataSet, std::string_view bytes) {
-        if (record == envelopeRecord && dataSet == codedCharacterSet) {
-            const auto* const sequence =
-                std::find_if(sequences.begin(), sequences.end(),
-                             [bytes](const auto& row) { return row.first == bytes; });
-            if (sequence != sequences.end()) declared = sequence->second;
+        if (record != envelopeRecord || dataSet != codedCharacterSet) return;
+        // ESC, then "-" or "." for a set of 96 characters, then which.
+        const bool isSet =
+            bytes.size() == 3 && (bytes.starts_with("\x1B-") || bytes.starts_with("\x1B."));
+        if (!isSet) return;
+        for (const Designation& designation : designations) {
+            if (bytes.back() == designation.last) charset = designation.charset;
         }
-        isUtf8 = isUtf8 && (record != applicationRecord || platform::isValidUtf8(bytes));
     });
-    return declared.value_or(isUtf8 ? Charset::utf8 : Charset::windows1252);
+    return charset;
 }
 
 }  // namespace

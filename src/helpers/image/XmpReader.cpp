@@ -94,7 +94,7 @@ Values valuesOf(const Exiv2::XmpData& xmp) {
 Texts textsOf(const Exiv2::Value& value) {
     Texts texts;
     const auto add = [&texts](const std::string& bytes) {
-        std::string text = decodedText(bytes, Charset::utf8);
+        std::string text = decodedText(bytes, Charset::likely);
         if (!text.empty()) texts.push_back(std::move(text));
     };
     if (const auto* languages = dynamic_cast<const Exiv2::LangAltValue*>(&value)) {
