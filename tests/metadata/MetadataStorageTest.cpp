@@ -60,6 +60,26 @@ TEST_F(MetadataStorageTest, KeepsValuesApartByPathKeyAndSource) {
     EXPECT_EQ(storage.itemCounter(), 6);
 }
 
+TEST_F(MetadataStorageTest, KeepsContentsOfEveryLengthAndReplacesThem) {
+    const auto key = [](std::size_t length) { return "key" + std::to_string(length); };
+    const auto lengths = {0UL, 1UL, 253UL, 254UL, 255UL, 256UL, 70'000UL};
+    for (const char letter : {'a', 'b'}) {
+        for (const std::size_t length : lengths) {
+            storage.store(file, Source::imageIO, key(length), std::string(length, letter));
+        }
+        storage.store(file, Source::imageIO, "date", platform::Date{-5, 999'999'999});
+        storage.store(file, Source::imageIO, "flag", letter == 'b');
+    }
+    for (const std::size_t length : lengths) {
+        EXPECT_EQ(storage.getWrappedValue(file, key(length), Source::imageIO),
+                  Value(std::string(length, 'b')));
+        EXPECT_EQ(storage.getWrappedValue(file, key(length), Source::avKit), Value(None{}));
+    }
+    EXPECT_EQ(storage.getWrappedValue(file, "date", Source::imageIO),
+              Value(platform::Date{-5, 999'999'999}));
+    EXPECT_EQ(storage.getWrappedValue(file, "flag", Source::imageIO), Value(true));
+}
+
 TEST_F(MetadataStorageTest, ReadsByTypeWithDefaults) {
     storage.store(file, Source::avKit, "text", "yes"s);
     storage.store(file, Source::avKit, "flag", true);
