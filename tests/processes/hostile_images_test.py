@@ -184,6 +184,7 @@ class HostileImagesTest(unittest.TestCase):
         if not SANITIZED:
             self.assertEqual(set(listing.failed) - listing.given_up(), {"loop.jpg"})
             self.assertEqual(listing.rows["photo \ufffd\ufffd\ufffd.jpg"]["exif_model"], "Model 1")
+            self.assertNotIn("Model 1", listing.rows["past the end of TIFF.tif"].values())
 
     def test_good_photos_among_damaged_ones(self):
         photos = [(extension, photo(number)) for number, (extension, photo)

@@ -279,3 +279,6 @@ def write_special_files(folder):
         with open(folder / name, "wb") as file:
             file.write(content)
             file.truncate(2**40)
+    with open(folder / "past the end of TIFF.tif", "wb") as file:  # the rest of its size is 1 GB
+        file.write(tiff_photo(1))
+        file.truncate(5 * GIGABYTE)

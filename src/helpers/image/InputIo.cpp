@@ -70,7 +70,9 @@ int InputIo::seek(int64_t offset, Position from) {
 Exiv2::byte* InputIo::mmap(bool isWriteable) {
     if (isWriteable) throw Exiv2::Error(Exiv2::kerErrorMessage, "not writable");
     const std::string_view bytes = input_.allBytes();
-    // A parser only reads; its interface comes from a time before const.
+    // A parser would take the size without asking where the bytes are.
+    if (bytes.empty() && input_.size() > 0) throw Exiv2::Error(Exiv2::kerInputDataReadFailed);
+    // It only reads; its interface comes from a time before const.
     return const_cast<Exiv2::byte*>(reinterpret_cast<const Exiv2::byte*>(bytes.data()));
 }
 

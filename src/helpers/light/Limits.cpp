@@ -27,8 +27,9 @@ struct Limit {
 
 constexpr std::array<Limit, 6> limits = {{
     {RLIMIT_DATA, 1024 * megabyte, false},  // memory of its own
-    // Large files are mapped for reading, which costs addresses only.
-    {RLIMIT_AS, 64 * 1024 * megabyte, false},
+    // Pages that were filled and then protected are not counted above. Large files are mapped: most
+    // of what TIFF can reach, which ends at 4 GB. A number that fits 32-bit machines.
+    {RLIMIT_AS, 4095 * megabyte, false},
     {RLIMIT_FSIZE, 0, false},
     {RLIMIT_NOFILE, 32, true},
     {RLIMIT_CORE, 0, true},
