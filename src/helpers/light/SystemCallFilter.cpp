@@ -14,44 +14,13 @@
 #include <cerrno>
 #include <cstddef>
 #include <cstdint>
+#include <vector>
+
+#include "helpers/light/RefusedCalls.h"
+#include "platform/HelperProtocol.h"
 
 namespace marquell::helpers {
 namespace {
-
-/// Calls refused whatever their arguments. Names that this machine does not have are left out.
-constexpr std::array refusedCalls = {
-    // Opening, creating, moving and removing files
-    "open", "openat", "openat2", "creat", "open_by_handle_at", "name_to_handle_at", "open_tree",
-    "mkdir", "mkdirat", "mknod", "mknodat", "rename", "renameat", "renameat2", "rmdir", "unlink",
-    "unlinkat", "link", "linkat", "symlink", "symlinkat", "memfd_create", "memfd_secret", "mq_open",
-    "mq_unlink", "execve", "execveat", "uselib", "chroot", "pivot_root", "inotify_init",
-    "inotify_init1", "inotify_add_watch", "fanotify_init", "fanotify_mark",
-    // Changing files; some of it works on a descriptor for reading
-    "truncate", "truncate64", "ftruncate", "ftruncate64", "fallocate", "chmod", "fchmod",
-    "fchmodat", "chown", "fchown", "lchown", "fchownat", "utime", "utimes", "utimensat",
-    "utimensat_time64", "futimesat", "setxattr", "lsetxattr", "fsetxattr", "removexattr",
-    "lremovexattr", "fremovexattr", "flock", "ioctl", "quotactl", "quotactl_fd", "swapon",
-    "swapoff", "acct",
-    // Sockets beside the one that is open
-    "socket", "socketpair", "socketcall", "connect", "bind", "listen", "accept", "accept4",
-    // Processes and threads
-    "fork", "vfork", "clone", "ptrace", "process_vm_readv", "process_vm_writev", "process_madvise",
-    "process_mrelease", "pidfd_open", "pidfd_getfd", "pidfd_send_signal", "kcmp", "rt_sigqueueinfo",
-    "rt_tgsigqueueinfo", "setpgid", "setsid", "setns", "unshare", "setrlimit", "setpriority",
-    "ioprio_set", "sched_setscheduler", "sched_setparam", "sched_setattr", "sched_setaffinity",
-    "migrate_pages", "move_pages", "personality", "vhangup",
-    // Memory shared with others, messages to others
-    "shmget", "shmat", "shmctl", "semget", "semctl", "semop", "semtimedop", "msgget", "msgctl",
-    "msgsnd", "msgrcv", "ipc", "add_key", "request_key", "keyctl", "splice", "tee", "vmsplice",
-    // Parts of the kernel that only ever served attacks on it from here
-    "io_uring_setup", "io_uring_enter", "io_uring_register", "bpf", "perf_event_open",
-    "userfaultfd", "modify_ldt", "io_setup", "lookup_dcookie", "syslog", "nfsservctl",
-    // What a helper of a privileged user could do to the machine
-    "mount", "umount", "umount2", "move_mount", "fsopen", "fsconfig", "fsmount", "fspick",
-    "mount_setattr", "init_module", "finit_module", "delete_module", "kexec_load",
-    "kexec_file_load", "reboot", "sethostname", "setdomainname", "settimeofday", "stime",
-    "clock_settime", "clock_settime64", "adjtimex", "clock_adjtime", "clock_adjtime64", "iopl",
-    "ioperm"};
 
 /// A call refused for some values of one argument.
 struct RefusedArgument {
@@ -71,32 +40,45 @@ constexpr scmp_arg_cmp isNot(unsigned argument, unsigned value) {
     return {argument, SCMP_CMP_NE, value, 0};
 }
 
-std::array<RefusedArgument, 18> refusedArguments() {
+/// What a descriptor can be made to do: to signal any process, with any signal, and to lock.
+constexpr std::array refusedFileCommands = {F_SETOWN, F_SETOWN_EX, F_SETSIG,     F_SETFL,   F_SETLK,
+                                            F_SETLKW, F_OFD_SETLK, F_OFD_SETLKW, F_SETLEASE};
+
+/// No code but what was loaded, and no memory that the limits do not count.
+constexpr std::array refusedMappings = {
+    hasBits(2, PROT_EXEC), hasBits(3, MAP_SHARED | MAP_ANONYMOUS), hasBits(3, MAP_GROWSDOWN)};
+
+std::vector<RefusedArgument> refusedArguments() {
     const auto self = static_cast<unsigned>(::getpid());
-    return {{
+    constexpr auto lifeline = static_cast<unsigned>(platform::helperLifeline);
+    std::vector<RefusedArgument> arguments = {
         // abort() signals its own process.
         {"kill", isNot(0, self)},
         {"tgkill", isNot(0, self)},
         {"tkill", isNot(0, self)},
-        // A descriptor can be made to signal any process, with any signal.
-        {"fcntl", integerIs(1, F_SETOWN)},
-        {"fcntl", integerIs(1, F_SETOWN_EX)},
-        {"fcntl", integerIs(1, F_SETSIG)},
-        {"fcntl", integerIs(1, F_SETFL)},
-        {"fcntl", integerIs(1, F_SETLK)},
-        {"fcntl", integerIs(1, F_SETLKW)},
-        {"fcntl", integerIs(1, F_OFD_SETLK)},
-        {"fcntl", integerIs(1, F_OFD_SETLKW)},
-        {"fcntl", integerIs(1, F_SETLEASE)},
+        // Closed, the lifeline would not end this process with the program.
+        {"close", integerIs(0, lifeline)},
+        {"dup2", integerIs(0, lifeline)},
+        {"dup2", integerIs(1, lifeline)},
+        {"dup3", integerIs(0, lifeline)},
+        {"dup3", integerIs(1, lifeline)},
         // Of its own limits it may only ask.
         {"prlimit64", isNot(0, 0)},
         {"prlimit64", isNot(2, 0)},
-        // No code but what was loaded, and no memory that the limits do not count.
-        {"mmap", hasBits(2, PROT_EXEC)},
+        // No code but what was loaded.
         {"mprotect", hasBits(2, PROT_EXEC)},
-        {"mmap", hasBits(3, MAP_SHARED | MAP_ANONYMOUS)},
-        {"mmap", hasBits(3, MAP_GROWSDOWN)},
-    }};
+        {"pkey_mprotect", hasBits(2, PROT_EXEC)},
+    };
+    // 32-bit machines have some calls twice.
+    for (const char* call : {"fcntl", "fcntl64"}) {
+        for (const int command : refusedFileCommands) {
+            arguments.push_back({call, integerIs(1, static_cast<unsigned>(command))});
+        }
+    }
+    for (const char* call : {"mmap", "mmap2"}) {
+        for (const scmp_arg_cmp& when : refusedMappings) arguments.push_back({call, when});
+    }
+    return arguments;
 }
 
 bool addRules(scmp_filter_ctx filter) {
@@ -136,9 +118,10 @@ bool filterSystemCalls() {
     scmp_filter_ctx filter = ::seccomp_init(SCMP_ACT_ALLOW);
     if (filter == nullptr) return false;
     ::seccomp_attr_set(filter, SCMP_FLTATR_CTL_OPTIMIZE, 2);  // found in few steps
-    const bool isFiltered = addRules(filter) && ::seccomp_load(filter) == 0;
+    // The table takes the means to add another filter, so it comes last.
+    const bool isFiltered = addRules(filter) && refuseNewerCalls() && ::seccomp_load(filter) == 0;
     ::seccomp_release(filter);
-    return isFiltered && refuseNewerCalls();
+    return isFiltered;
 }
 
 }  // namespace marquell::helpers
