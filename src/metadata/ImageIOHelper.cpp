@@ -69,7 +69,7 @@ std::optional<StoredValue> transformed(const PropertyValue& value, Transformatio
 
 }  // namespace
 
-ImageIOHelper::ImageIOHelper(platform::HelperPool& readers) : readers_(readers) {
+ImageIOHelper::ImageIOHelper(Readers readers) : readers_(std::move(readers)) {
     for (const ExtractionModel model :
          {imageMetadataExtractionModel(), exifMetadataExtractionModel(),
           iptcMetadataExtractionModel(), gpsMetadataExtractionModel(),
@@ -79,7 +79,7 @@ ImageIOHelper::ImageIOHelper(platform::HelperPool& readers) : readers_(readers) 
 }
 
 ImageIOHelper& ImageIOHelper::shared() {
-    static ImageIOHelper helper(lightReaders());
+    static ImageIOHelper helper(&lightReaders);
     return helper;
 }
 
@@ -135,7 +135,7 @@ void ImageIOHelper::retrieveAndStoreAllTagsFor(std::span<Node* const> nodes,
         }
     }
     if (jobs.empty()) return;
-    readers_.read(
+    readers_().read(
         platform::HelperTask::image, jobs,
         [&](std::size_t job, HelperOutcome outcome, const PropertyDictionary& properties) {
             receive(*nodes[places[job]], outcome, properties);

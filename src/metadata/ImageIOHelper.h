@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -30,8 +31,11 @@ public:
     };
     using ExtractionModel = std::span<const Instruction>;
 
-    /// `readers` must outlive this.
-    explicit ImageIOHelper(platform::HelperPool& readers);
+    /// Gives the processes to read with, which must outlive this. Asked when there is a file to
+    /// read: even to look for their program would be too early.
+    using Readers = std::function<platform::HelperPool&()>;
+
+    explicit ImageIOHelper(Readers readers);
     static ImageIOHelper& shared();
 
     static ExtractionModel imageMetadataExtractionModel();
@@ -64,7 +68,7 @@ private:
     void receive(const pipeline::Node& node, platform::HelperOutcome outcome,
                  const platform::PropertyDictionary& properties) const;
 
-    platform::HelperPool& readers_;
+    const Readers readers_;
     std::vector<Instruction> instructions_;  ///< of all models, as far as they are wanted
 };
 

@@ -23,6 +23,7 @@ FileDescriptor openFound(const FileDescriptor& found, const std::string& path, i
         openPath("/proc/self/fd/" + std::to_string(found.get()), readingFlags, error);
     // Without /proc by the path again; the caller looks whether it is the same.
     if (!opened.isOpen() && error == ENOENT) opened = openPath(path, readingFlags, error);
+    if (opened.isOpen()) error = 0;
     return opened;
 }
 

@@ -108,6 +108,7 @@ TEST(ExifReader, DecodesTextsAndLeavesOutWhatIsNone) {
              Case{Bytes("ASCII\0\0\0hello \0\0junk", 20), "hello"},
              Case{Bytes("UNICODE\0G\0r\0\xFC\0", 14), "Gr\u00FC"},
              Case{Bytes("UNICODE\0\0G\0r\0\xFC", 14), "Gr\u00FC"},  // not in the file's order
+             Case{Bytes("UNICODE\0\x65\xE5\x67\x2C\x30\xB3", 14), "\u65E5\u672C\u30B3"},
              Case{Bytes("UNICODE\0\x3D\xD8\x00\xDE", 12), "\U0001F600"},
              Case{Bytes("UNICODE\0\x3D\xD8", 10), "\uFFFD"},
              Case{Bytes("JIS\0\0\0\0\0\x1B$BF|K\\\x1B(B", 18), "\u65E5\u672C"},

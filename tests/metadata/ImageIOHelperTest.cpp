@@ -52,7 +52,7 @@ protected:
         settings.program = program;
         settings.arguments = {folder / "log"};
         platform::HelperPool pool(settings);
-        ImageIOHelper helper(pool);
+        ImageIOHelper helper([&pool]() -> platform::HelperPool& { return pool; });
         pipeline::NodeArena arena;
         std::vector<std::shared_ptr<pipeline::Node>> kept;
         std::vector<pipeline::Node*> nodes;

@@ -38,20 +38,35 @@ std::vector<Rational> rationalsOf(const Values& values) {
     return rationals;
 }
 
+/// Whether a UTF-16 unit is of a script that comments are commonly written in, or half of a pair.
+bool isCommon(unsigned unit) {
+    struct Range {
+        unsigned first;
+        unsigned last;
+    };
+    constexpr std::array ranges = {
+        Range{0x0009, 0x000D}, Range{0x0020, 0x007E}, Range{0x00A0, 0x06FF}, Range{0x2010, 0x2027},
+        Range{0x3000, 0x30FF}, Range{0x4E00, 0x9FFF}, Range{0xAC00, 0xDFFF}, Range{0xFF00, 0xFF9F},
+    };
+    return std::any_of(ranges.begin(), ranges.end(), [unit](const Range& range) {
+        return unit >= range.first && unit <= range.last;
+    });
+}
+
 /// The order of UTF-16 text is the directory's by the standard, but not all cameras keep to it: the
-/// other one is right if it makes most of the text Latin.
+/// other one is right if it makes more of it common letters.
 Charset utf16Of(std::string_view bytes, Exiv2::ByteOrder order) {
     if (bytes.starts_with("\xFE\xFF")) return Charset::utf16BigEndian;
     if (bytes.starts_with("\xFF\xFE")) return Charset::utf16LittleEndian;
-    const bool isBigEndian = order == Exiv2::bigEndian;
-    std::size_t latinOtherwise = 0;
+    int moreBigEndian = 0;
     for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
-        const char high = bytes[isBigEndian ? i + 1 : i];
-        const char low = bytes[isBigEndian ? i : i + 1];
-        if (high == 0 && low != 0) ++latinOtherwise;
+        const auto first = static_cast<unsigned char>(bytes[i]);
+        const auto second = static_cast<unsigned char>(bytes[i + 1]);
+        moreBigEndian += isCommon(first << 8U | second) ? 1 : 0;
+        moreBigEndian -= isCommon(second << 8U | first) ? 1 : 0;
     }
-    const bool isOtherwise = latinOtherwise > bytes.size() / 4;
-    return isBigEndian != isOtherwise ? Charset::utf16BigEndian : Charset::utf16LittleEndian;
+    if (moreBigEndian == 0) moreBigEndian = order == Exiv2::bigEndian ? 1 : -1;
+    return moreBigEndian > 0 ? Charset::utf16BigEndian : Charset::utf16LittleEndian;
 }
 
 std::string twoDigits(const std::string& text) {
