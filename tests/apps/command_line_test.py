@@ -73,6 +73,10 @@ class CommandLineTest(unittest.TestCase):
             ('column "": there is no such column. See --list-columns', "-c", "name,", "tree"),
             ('column "\\u{a}\\x{ff}": there is no such column. See --list-columns',
              "-c", b"\n\xff", "tree"),
+            ('column "gps_lat": there is no such column; did you mean "gps_latitude"? '
+             'See --list-columns', "-c", "gps_lat", "tree"),
+            ('tag space "IPTC": there is no such tag space; did you mean "IPTCIISLegacy"? '
+             'See --list-columns', "-c", "@IPTC", "tree"),
             ('tag space "exif": there is no such tag space; did you mean "EXIF"? '
              "See --list-columns", "-c", "@exif", "tree"),
             ('option -s: found "quoteStrings", expected NAME=VALUE', "-s", "quoteStrings", "tree"),

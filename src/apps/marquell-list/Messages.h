@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -28,8 +31,13 @@ std::string suggestion(std::string_view word, const Candidates& candidates) {
     std::string_view nearest;
     std::size_t nearestDistance = word.size() / 3 + 2;
     for (const std::string_view candidate : candidates) {
-        const std::size_t distance = editDistance(word, candidate);
-        if (distance < nearestDistance) {
+        // A beginning is as near as a slip of the pen.
+        const bool isBeginning =
+            word.size() > 2 && editDistance(word, candidate.substr(0, word.size())) == 0;
+        const std::size_t distance =
+            std::min<std::size_t>(editDistance(word, candidate), isBeginning ? 1 : SIZE_MAX);
+        const bool isShorter = distance == nearestDistance && candidate.size() < nearest.size();
+        if (distance < nearestDistance || isShorter) {
             nearest = candidate;
             nearestDistance = distance;
         }
