@@ -33,7 +33,7 @@ struct alignas(64) MetadataStorage::Shard {
     std::condition_variable finished;  ///< a retrieval has ended, or all was cleared
     std::unique_ptr<RecordTable> records = std::make_unique<RecordTable>();  // guarded by mutex
 
-    std::optional<Ticket> begin(const PathKey& path, MetadataSource source);
+    std::optional<Ticket> begin(const PathKey& path, MetadataSource source) const;
 };
 
 MetadataStorage::MetadataStorage() : shards_(std::make_unique<std::array<Shard, shardCount>>()) {}
@@ -153,7 +153,7 @@ bool MetadataStorage::getValuesIfRetrieved(const PathKey& fullPath, std::span<co
 
 /// Under the lock. None when the record is finished with or somebody is at it.
 std::optional<MetadataStorage::Ticket> MetadataStorage::Shard::begin(const PathKey& path,
-                                                                     MetadataSource source) {
+                                                                     MetadataSource source) const {
     PathRecord& record = records->findOrMake(path);
     if (record.isRetrieved(source) || record.isRetrieving(source)) return std::nullopt;
     record.setRetrieving(source, true);

@@ -32,6 +32,7 @@ public:
 
 }  // namespace
 
+// NOLINTNEXTLINE(readability-identifier-naming): see the header
 std::error_code make_error_code(ReadFailure failure) {
     static const ReadFailureCategory category;
     return {static_cast<int>(failure), category};

@@ -13,6 +13,7 @@ enum class ReadFailure {
     readerFailed,          ///< the process that read it crashed or hung, twice
     readersUnavailable,    ///< of the program, not of a path: such processes don't start
 };
+// NOLINTNEXTLINE(readability-identifier-naming): the name that the standard library looks for
 std::error_code make_error_code(ReadFailure failure);
 
 /// Told of each path that should have been readable and was not. Called on whichever thread met the

@@ -87,12 +87,16 @@ constexpr std::array<std::pair<Charset, const char*>, 9> convertedCharsets = {{
     {Charset::latin5, "ISO-8859-9"},
 }};
 
-/// The converters of this (single-threaded) process, kept since they are loaded from files.
+/// The converters of this (single-threaded) process, kept since they are loaded from files. Null
+/// where the system has none.
 iconv_t converterOf(Charset charset) {
     static const auto converters = [] {
         std::map<Charset, iconv_t> opened;
         for (const auto& [known, name] : convertedCharsets) {
-            opened.emplace(known, ::iconv_open("UTF-8", name));
+            iconv_t converter = ::iconv_open("UTF-8", name);
+            // NOLINTNEXTLINE(performance-no-int-to-ptr): iconv_open's own way of saying none
+            const bool isOpen = converter != reinterpret_cast<iconv_t>(-1);
+            opened.emplace(known, isOpen ? converter : nullptr);
         }
         return opened;
     }();
@@ -100,9 +104,8 @@ iconv_t converterOf(Charset charset) {
 }
 
 void appendConverted(std::string& text, std::string bytes, Charset charset) {
-    iconv_t const converter = converterOf(charset);
-    // iconv_open's own way of saying none.
-    if (converter == reinterpret_cast<iconv_t>(-1)) return;
+    auto* const converter = converterOf(charset);
+    if (converter == nullptr) return;
     ::iconv(converter, nullptr, nullptr, nullptr, nullptr);
     std::string converted(bytes.size() * 4, '\0');
     char* in = bytes.data();

@@ -60,8 +60,8 @@ Charset utf16Of(std::string_view bytes, Exiv2::ByteOrder order) {
     if (bytes.starts_with("\xFF\xFE")) return Charset::utf16LittleEndian;
     int moreBigEndian = 0;
     for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
-        const auto first = static_cast<unsigned char>(bytes[i]);
-        const auto second = static_cast<unsigned char>(bytes[i + 1]);
+        const unsigned first = static_cast<unsigned char>(bytes[i]);
+        const unsigned second = static_cast<unsigned char>(bytes[i + 1]);
         moreBigEndian += isCommon(first << 8U | second) ? 1 : 0;
         moreBigEndian -= isCommon(second << 8U | first) ? 1 : 0;
     }

@@ -47,8 +47,10 @@ void leniently(Parser parse) {
 
 template <typename Image>
 std::unique_ptr<Exiv2::Image> opened(Input& input) {
+    // NOLINTBEGIN(clang-diagnostic-deprecated-declarations): the library has no other interface
     Exiv2::BasicIo::AutoPtr io(new InputIo(input));
     if constexpr (std::is_constructible_v<Image, Exiv2::BasicIo::AutoPtr, bool>) {
+        // NOLINTEND(clang-diagnostic-deprecated-declarations)
         return std::make_unique<Image>(io, false);
     } else {
         return std::make_unique<Image>(io);

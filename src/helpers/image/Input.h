@@ -46,7 +46,7 @@ private:
     virtual std::size_t fetch(std::uint64_t offset, std::span<char> buffer) = 0;
 
     const std::uint64_t size_;
-    std::array<char, 16384> cache_;
+    std::array<char, 16384> cache_{};
     std::uint64_t cacheOffset_ = 0;
     std::size_t cacheLength_ = 0;
 };
