@@ -13,7 +13,6 @@
 #include "platform/NumberText.h"
 #include "platform/Path.h"
 #include "platform/ReadFailures.h"
-#include "platform/RegularFile.h"
 
 namespace marquell::metadata {
 namespace {
@@ -37,15 +36,11 @@ bool isSupported(std::string_view extension) {
     return std::find(types.begin(), types.end(), extension) != types.end();
 }
 
-/// What can be read of a node; nothing if it is no file of the supported types.
+/// What is to be read of a node; nothing if its type is none of the supported ones.
 std::optional<platform::HelperJob> jobFor(const Node& node) {
     std::string extension = lowerCaseExtension(node);
     if (!isSupported(extension)) return std::nullopt;
-    int error = 0;
-    auto file = platform::openRegularFile(std::string(node.absolutePath()), error);
-    if (error != 0) platform::reportReadFailure(node.absolutePath(), error);
-    if (!file.descriptor.isOpen()) return std::nullopt;
-    return platform::HelperJob{std::move(file), std::move(extension)};
+    return platform::HelperJob{std::string(node.absolutePath()), std::move(extension)};
 }
 
 struct StoredForm {
@@ -90,6 +85,10 @@ void ImageIOHelper::setWantedColumns(std::span<const std::string> ids) {
     });
 }
 
+void ImageIOHelper::endReaders() {
+    if (hasRead_) readers_().endIdle();
+}
+
 void ImageIOHelper::extract(const PathKey& path, const PropertyDictionary& fromDic,
                             ExtractionModel withInstructions) {
     std::vector<KeyedValue> values;
@@ -103,7 +102,7 @@ void ImageIOHelper::extract(const PathKey& path, const PropertyDictionary& fromD
     if (!values.empty()) MetadataStorage::shared().store(path, MetadataSource::imageIO, values);
 }
 
-void ImageIOHelper::receive(const Node& node, HelperOutcome outcome,
+void ImageIOHelper::receive(const Node& node, const platform::HelperJob& job, HelperOutcome outcome,
                             const PropertyDictionary& properties) const {
     switch (outcome) {
         case HelperOutcome::values:
@@ -113,7 +112,11 @@ void ImageIOHelper::receive(const Node& node, HelperOutcome outcome,
             platform::reportReadFailure(node.absolutePath(), platform::ReadFailure::readerFailed);
             break;
         case HelperOutcome::unavailable:
-            platform::reportReadFailure({}, platform::ReadFailure::readersUnavailable);
+            platform::reportReadFailure(readers_().program(),
+                                        platform::ReadFailure::readersUnavailable);
+            break;
+        case HelperOutcome::unreadable:
+            if (job.error != 0) platform::reportReadFailure(job.path, job.error);
             break;
         case HelperOutcome::nothing:
         case HelperOutcome::stopped:
@@ -135,10 +138,11 @@ void ImageIOHelper::retrieveAndStoreAllTagsFor(std::span<Node* const> nodes,
         }
     }
     if (jobs.empty()) return;
+    hasRead_ = true;
     readers_().read(
         platform::HelperTask::image, jobs,
         [&](std::size_t job, HelperOutcome outcome, const PropertyDictionary& properties) {
-            receive(*nodes[places[job]], outcome, properties);
+            receive(*nodes[places[job]], jobs[job], outcome, properties);
             if (outcome != HelperOutcome::stopped) finished(places[job]);
         },
         shouldStop);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <atomic>
 #include <functional>
 #include <span>
 #include <string>
@@ -58,6 +59,9 @@ public:
                                     const NodeFinished& finished,
                                     const pipeline::StopCheck& shouldStop);
 
+    /// Ends the processes, if any were started; for a program that is about to end.
+    void endReaders();
+
     /// Stores what the instructions name and the dictionary has: a number as plain decimal text, a
     /// text as it is, a list of texts as comma-separated text, a date from its text; a list of
     /// numbers and a broken date not at all.
@@ -65,10 +69,12 @@ public:
                         ExtractionModel withInstructions);
 
 private:
-    void receive(const pipeline::Node& node, platform::HelperOutcome outcome,
+    void receive(const pipeline::Node& node, const platform::HelperJob& job,
+                 platform::HelperOutcome outcome,
                  const platform::PropertyDictionary& properties) const;
 
     const Readers readers_;
+    std::atomic<bool> hasRead_ = false;
     std::vector<Instruction> instructions_;  ///< of all models, as far as they are wanted
 };
 

@@ -7,7 +7,7 @@
 namespace marquell::platform {
 namespace {
 
-constexpr int toleratedFailedStarts = 1;
+constexpr int toleratedFailedStarts = 2;
 constexpr std::size_t toleratedStuck = 3;
 
 }  // namespace

@@ -27,7 +27,12 @@ public:
     bool isUnavailable() const { return isUnavailable_.load(std::memory_order_relaxed); }
     std::uint32_t protections() const;
 
+    /// Something to be held by each process that is ready.
+    std::shared_ptr<const void> mark() const { return mark_; }
+    bool isAnyReady() const { return mark_.use_count() > 1; }
+
 private:
+    const std::shared_ptr<const int> mark_ = std::make_shared<int>();
     std::atomic<int> failedStarts_ = 0;  ///< since the last answer
     std::atomic<bool> isUnavailable_ = false;
     mutable std::mutex mutex_;

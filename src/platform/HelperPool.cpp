@@ -26,7 +26,11 @@ public:
     void read(HelperTask task, std::span<HelperJob> jobs, const Receiver& receive,
               const std::function<bool()>& shouldStop);
 
+    std::optional<std::uint32_t> protections();
+    void endIdle();
+
     const HelperHealth& health() const { return health_; }
+    const std::string& program() const { return settings_.program; }
 
 private:
     using Clock = std::chrono::steady_clock;
@@ -88,7 +92,29 @@ void HelperPool::Implementation::read(HelperTask task, std::span<HelperJob> jobs
     if (!waitForTurn(shouldStop)) return reading.endAll(HelperOutcome::stopped);
     Turn turn(*this);
     turn.process = takeIdle();
-    reading.run(turn.process);
+    reading.run(turn.process, [this] { return takeIdle(); });
+}
+
+std::optional<std::uint32_t> HelperPool::Implementation::protections() {
+    constexpr auto never = [] { return false; };
+    waitForTurn(never);
+    Turn turn(*this);
+    turn.process = takeIdle();
+    bool isStopped = false;
+    while (!turn.process && !health_.isUnavailable()) {
+        turn.process = startHelper(settings_, health_, never, isStopped);
+    }
+    if (!turn.process) return std::nullopt;
+    return health_.protections();
+}
+
+void HelperPool::Implementation::endIdle() {
+    std::deque<IdleProcess> idle;
+    {
+        const std::lock_guard lock(mutex_);
+        idle.swap(idle_);
+    }
+    for (IdleProcess& each : idle) health_.bury(std::move(each.process));
 }
 
 /// False if the caller wants no more.
@@ -181,6 +207,10 @@ void HelperPool::read(HelperTask task, std::span<HelperJob> jobs, const Receiver
 
 bool HelperPool::isUnavailable() const { return implementation_->health().isUnavailable(); }
 
-std::uint32_t HelperPool::protections() const { return implementation_->health().protections(); }
+const std::string& HelperPool::program() const { return implementation_->program(); }
+
+std::optional<std::uint32_t> HelperPool::protections() { return implementation_->protections(); }
+
+void HelperPool::endIdle() { implementation_->endIdle(); }
 
 }  // namespace marquell::platform

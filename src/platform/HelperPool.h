@@ -5,29 +5,32 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
 
 #include "platform/HelperProtocol.h"
 #include "platform/PropertyDictionary.h"
-#include "platform/RegularFile.h"
 
 namespace marquell::platform {
 
 /// How the reading of one file by a helper ended.
 enum class HelperOutcome {
-    values,   ///< the properties hold what was found
-    nothing,  ///< the content is of no kind that the helper reads, or broken
-    givenUp,  ///< the helper crashed, hung or talked nonsense over this file, and so did another
+    values,      ///< the properties hold what was found
+    nothing,     ///< the content is of no kind that the helper reads, or broken
+    unreadable,  ///< the file could not be opened; HelperJob::error says why
+    givenUp,     ///< the helper crashed, hung or talked nonsense over this file, and so did another
     unavailable,  ///< no helper can be had; nothing was tried
     stopped,      ///< the caller wanted no more
 };
 
-/// One file for a helper to read. The descriptor is closed once the job has ended.
+/// One file for a helper to read. It is opened when its turn comes and closed when it has ended:
+/// few are open at a time, however many callers there are.
 struct HelperJob {
-    RegularFile file;
+    std::string path;
     std::string extension;  ///< of its name, lower case, without the dot; a hint
+    int error = 0;          ///< errno of what is unreadable; 0 if it is no regular file
 };
 
 /// Helper processes of one program that read untrusted files for this one: a file that crashes its
@@ -71,8 +74,14 @@ public:
     /// them kill their helpers: the good ones among them are still read.
     bool isUnavailable() const;
 
-    /// The protections (bits of HelperProtocol.h) that every helper so far was ready with.
-    std::uint32_t protections() const;
+    const std::string& program() const;
+
+    /// The protections (bits of HelperProtocol.h) that helpers run under; starts one if there is
+    /// none. Absent if none can be had.
+    std::optional<std::uint32_t> protections();
+
+    /// Ends the processes that have no work, as a program should before it ends itself.
+    void endIdle();
 
 private:
     class Implementation;
@@ -81,7 +90,7 @@ private:
 
 /// Where a program of ours that is no command lies: beside the running program in a build tree, in
 /// the libexec folder of an installation. Depends on where the running program is, not on where it
-/// was meant to be installed. Empty if there is none.
+/// was meant to be installed. If there is none, where an installation has it.
 std::string helperProgramPath(const std::string& name);
 
 }  // namespace marquell::platform

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <chrono>
+#include <memory>
 #include <optional>
+#include <utility>
 
 #include "platform/HelperSpawn.h"
 #include "platform/HelperStream.h"
@@ -18,6 +20,9 @@ public:
     ~HelperProcess() { end(); }
 
     HelperStream& stream() { return stream_; }
+
+    /// Keeps something as long as the process is there.
+    void hold(std::shared_ptr<const void> thing) { held_ = std::move(thing); }
 
     /// Kills and reaps it. False if the kernel holds on to it, as it may while a file system does
     /// not answer: the first time after a second, then at once.
@@ -35,6 +40,7 @@ private:
     FileDescriptor lifeline_;
     HelperStream stream_;
     bool isKilled_ = false;
+    std::shared_ptr<const void> held_;
 };
 
 }  // namespace marquell::platform

@@ -31,12 +31,10 @@ bool isProgram(const std::string& path) {
 
 std::string helperProgramPath(const std::string& name) {
     const std::string folder = programFolder();
-    if (folder.empty()) return "";
-    for (const std::string& place : {folder, joinPath(folder, "../libexec/marquell")}) {
-        std::string path = joinPath(place, name);
-        if (isProgram(path)) return path;
-    }
-    return "";
+    std::string beside = joinPath(folder, name);
+    if (isProgram(beside)) return beside;
+    // As the build installs it, seen from the folder of commands.
+    return absolutePath(joinPath(MARQUELL_HELPER_FOLDER, name), folder);
 }
 
 }  // namespace marquell::platform

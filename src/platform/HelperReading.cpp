@@ -4,7 +4,9 @@
 #include <poll.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <chrono>
+#include <numeric>
 #include <utility>
 
 #include "platform/HelperStart.h"
@@ -20,6 +22,9 @@ constexpr std::size_t windowSize = 8;
 // Spare time for all that a helper does beside reading files.
 constexpr auto spareCpuTime = std::chrono::seconds(5);
 
+// How long to wait for descriptors that nobody here can free.
+constexpr auto longestShortage = std::chrono::seconds(1);
+
 }  // namespace
 
 HelperReading::HelperReading(const HelperPool::Settings& settings, HelperHealth& health,
@@ -33,26 +38,59 @@ HelperReading::HelperReading(const HelperPool::Settings& settings, HelperHealth&
       jobs_(jobs),
       receive_(receive),
       shouldStop_(shouldStop),
-      deadline_(settings) {}
-
-bool HelperReading::begin() {
-    for (std::size_t index = 0; index < jobs_.size(); ++index) {
-        const RegularFile& file = jobs_[index].file;
-        if (!file.descriptor.isOpen()) {
-            finish(index, HelperOutcome::nothing, {});
-        } else if (givenUp_.contains(file.status)) {
-            finish(index, HelperOutcome::givenUp, {});
-        } else {
-            waiting_.push_back(index);
-        }
-    }
-    return !waiting_.empty();
+      files_(jobs.size()),
+      waiting_(jobs.size()),
+      deadline_(settings) {
+    std::iota(waiting_.begin(), waiting_.end(), std::size_t{0});
 }
 
-void HelperReading::run(std::unique_ptr<HelperProcess>& process) {
+bool HelperReading::begin() {
+    // Without a descriptor to open it with it stays.
+    return openNext() || !waiting_.empty();
+}
+
+/// Opens the first job that waits, and ends those that can't be. False if none could be opened now.
+bool HelperReading::openNext() {
+    while (!waiting_.empty()) {
+        const std::size_t index = waiting_.front();
+        const Opening opening = open(index);
+        if (opening == Opening::open) return true;
+        if (opening == Opening::later) return false;
+        waiting_.pop_front();
+        const bool isOpen = files_[index].descriptor.isOpen();
+        finish(index, isOpen ? HelperOutcome::givenUp : HelperOutcome::unreadable, {});
+    }
+    return false;
+}
+
+HelperReading::Opening HelperReading::open(std::size_t index) {
+    RegularFile& file = files_[index];
+    HelperJob& job = jobs_[index];
+    if (!file.descriptor.isOpen()) {
+        file = openRegularFile(job.path, job.error);
+        if (isShortage(job.error)) return Opening::later;
+        if (!file.descriptor.isOpen()) return Opening::ended;
+    }
+    return givenUp_.contains(file.status) ? Opening::ended : Opening::open;
+}
+
+/// Whether to try later: descriptors will be had when files under way are closed, here or by other
+/// callers. What lasts is no shortage but a limit.
+bool HelperReading::isShortage(int error) {
+    if (error != EMFILE && error != ENFILE) {
+        shortageEnd_.reset();
+        return false;
+    }
+    const auto now = std::chrono::steady_clock::now();
+    if (!shortageEnd_) shortageEnd_ = now + longestShortage;
+    return !underWay_.empty() || now < *shortageEnd_;
+}
+
+void HelperReading::run(std::unique_ptr<HelperProcess>& process, const IdleTaker& takeIdle) {
     while (!waiting_.empty()) {
         if (health_.isUnavailable()) return endAll(HelperOutcome::unavailable);
         bool isStopped = false;
+        if (!process) process = takeIdle();
         if (!process) process = startHelper(settings_, health_, shouldStop_, isStopped);
         if (isStopped) return endAll(HelperOutcome::stopped);
         if (!process) continue;
@@ -88,14 +126,15 @@ HelperReading::Talk HelperReading::talkTo(HelperProcess& process) {
         if (talk != Talk::done) return talk;
         const bool isAllDone = underWay_.empty() && waiting_.empty();
         if (!isOpen && !isAllDone) return Talk::failed;
-        if (underWay_.size() == answersDue && deadline_.isOver(process)) return Talk::failed;
+        const bool isQuiet = answersDue > 0 && underWay_.size() == answersDue;
+        if (isQuiet && deadline_.isOver(process)) return Talk::failed;
     }
 }
 
 HelperStream::Sending HelperReading::sendRequests(HelperStream& stream) {
     const std::size_t window = suspect_ ? 1 : windowSize;
-    while (underWay_.size() < window && !waiting_.empty()) {
-        const auto sending = sendRequest(stream, jobs_[waiting_.front()]);
+    while (underWay_.size() < window && openNext()) {
+        const auto sending = sendRequest(stream, waiting_.front());
         if (sending != HelperStream::Sending::sent) return sending;
         if (underWay_.empty()) deadline_.restart();
         underWay_.push_back(waiting_.front());
@@ -104,14 +143,16 @@ HelperStream::Sending HelperReading::sendRequests(HelperStream& stream) {
     return HelperStream::Sending::sent;
 }
 
-HelperStream::Sending HelperReading::sendRequest(HelperStream& stream, const HelperJob& job) const {
+HelperStream::Sending HelperReading::sendRequest(HelperStream& stream, std::size_t index) const {
+    const HelperJob& job = jobs_[index];
+    const RegularFile& file = files_[index];
     HelperRequest request;
     request.task = task_;
-    request.size = static_cast<std::uint64_t>(job.file.status.st_size);
+    request.size = static_cast<std::uint64_t>(file.status.st_size);
     if (job.extension.size() <= request.extension.size()) {
         std::copy(job.extension.begin(), job.extension.end(), request.extension.begin());
     }
-    return stream.send(request, job.file.descriptor.get());
+    return stream.send(request, file.descriptor.get());
 }
 
 void HelperReading::waitFor(const HelperStream& stream, HelperStream::Sending sending) const {
@@ -164,7 +205,7 @@ void HelperReading::blame() {
     }
     suspect_.reset();
     waiting_.pop_front();
-    givenUp_.add(jobs_[oldest].file.status);
+    givenUp_.add(files_[oldest].status);
     finish(oldest, HelperOutcome::givenUp, {});
 }
 
@@ -180,7 +221,7 @@ void HelperReading::endAll(HelperOutcome outcome) {
 
 void HelperReading::finish(std::size_t index, HelperOutcome outcome,
                            PropertyDictionary properties) {
-    jobs_[index].file.descriptor = FileDescriptor();
+    files_[index].descriptor = FileDescriptor();
     receive_(index, outcome, std::move(properties));
 }
 

@@ -13,6 +13,9 @@ namespace {
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
+// How long a system may take to have what it is short of, when nobody else can do the work.
+constexpr milliseconds shortageLimit = std::chrono::seconds(2);
+
 enum class Step { done, waiting, failed };
 
 /// Whether the system may have what was missing in a moment.
@@ -48,25 +51,34 @@ std::unique_ptr<HelperProcess> startHelper(const HelperPool::Settings& settings,
                                            HelperHealth& health,
                                            const std::function<bool()>& shouldStop,
                                            bool& isStopped) {
-    const auto due = steady_clock::now() + settings.startLimit;
+    const auto begin = steady_clock::now();
     std::unique_ptr<HelperProcess> process;
     HelperReply ready;
     for (;;) {
-        isStopped = shouldStop();
+        // Others that are ready can take this one's work over meanwhile.
+        const milliseconds patience = health.isAnyReady() ? longestHelperWait : shortageLimit;
+        const auto due = begin + (process ? settings.startLimit : patience);
         const auto rest = std::chrono::ceil<milliseconds>(due - steady_clock::now());
+        isStopped = shouldStop();
         if (isStopped || rest.count() <= 0) break;
         Step step = process ? Step::done : spawn(settings, process);
         if (step == Step::done) step = awaitReady(process->stream(), ready);
         if (step == Step::done) {
             health.started(ready.protections);
+            process->hold(health.mark());
             return process;
         }
-        if (step == Step::failed) break;
+        if (step == Step::failed) {
+            health.bury(std::move(process));
+            health.didNotStart();
+            return nullptr;
+        }
         pollfd arrival = {process ? process->stream().descriptor() : -1, POLLIN, 0};
         ::poll(&arrival, 1, static_cast<int>(std::min(rest, longestHelperWait).count()));
     }
+    const bool isOnlyShort = process == nullptr && health.isAnyReady();
     health.bury(std::move(process));
-    if (!isStopped) health.didNotStart();
+    if (!isStopped && !isOnlyShort) health.didNotStart();
     return nullptr;
 }
 

@@ -11,14 +11,13 @@ namespace marquell::platform {
 enum class ReadFailure {
     changedMeanwhile = 1,  ///< while it was read, twice
     readerFailed,          ///< the process that read it crashed or hung, twice
-    readersUnavailable,    ///< of the program, not of a path: such processes don't start
+    readersUnavailable,    ///< of the program that reads: its processes don't start
 };
 // NOLINTNEXTLINE(readability-identifier-naming): the name that the standard library looks for
 std::error_code make_error_code(ReadFailure failure);
 
 /// Told of each path that should have been readable and was not. Called on whichever thread met the
-/// failure, several at a time; a path may come more than once. An empty path stands for the program
-/// itself.
+/// failure, several at a time; a path may come more than once.
 using ReadFailureListener = std::function<void(std::string_view path, const std::error_code& why)>;
 
 /// Installs the process's listener, an empty one to remove it. Not to be called while stages or

@@ -12,6 +12,7 @@ Environment: MARQUELL_LIST is the program.
 import json
 import os
 import re
+import resource
 import shutil
 import struct
 import subprocess
@@ -423,6 +424,34 @@ class ImageValuesTest(unittest.TestCase):
         # The file has no profile; nobody writes the other two as texts.
         self.assertEqual(empty, ["image_profile_name", *UNCOMPARED[:2]])
         self.assertGreater(compared, 4 * 100)
+
+    def list_models(self, program=PROGRAM, files=1024, *options):
+        """Status, rows and messages of a list of names and models with so many descriptors."""
+        done = subprocess.run(
+            [program, "-q", *options, "-c", "name,exif_model,md5", self.folder], timeout=120,
+            capture_output=True,
+            preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_NOFILE, (files, files)))
+        return done.returncode, done.stdout, done.stderr.decode()
+
+    def test_with_few_descriptors(self):
+        photo = self.write("0.jpg", small_jpeg(), ["IFD0:Model=M"]).read_bytes()
+        for number in range(1, 100):
+            (self.folder / f"{number}.jpg").write_bytes(photo)
+        whole = self.list_models()
+        self.assertEqual((whole[0], whole[1].count(b'"M"'), whole[2]), (0, 100, ""))
+        for files, jobs in [(20, "2"), (24, "8"), (64, "40")]:
+            self.assertEqual(self.list_models(PROGRAM, files, "--jobs", jobs), whole)
+
+    def test_without_the_reader(self):
+        """The columns that this process fills are there all the same, and one warning."""
+        self.write("a.jpg", small_jpeg(), ["IFD0:Model=M"])
+        self.write("b.jpg", small_jpeg(), ["IFD0:Model=M"])
+        with tempfile.TemporaryDirectory() as elsewhere:
+            program = shutil.copy(PROGRAM, elsewhere)
+            status, rows, messages = self.list_models(program)
+        expected = self.list_models()[1].replace(b'"M"', b'""')
+        self.assertEqual((status, rows), (1, expected))
+        self.assertRegex(messages, r'^marquell-list: "[^"\n]+/marquell-read-light": [^\n]+\n$')
 
 
 def main():

@@ -121,8 +121,8 @@ TEST_F(ImageIOHelperTest, TellsWhyAFileWasNotRead) {
                               Pair(folder / "gone.jpg", std::errc::no_such_file_or_directory),
                               Pair(folder / "bad.JPG", platform::ReadFailure::readerFailed)));
     failures.clear();
-    EXPECT_EQ(read("", {{"a.jpg", "good"}}), 1);
-    EXPECT_THAT(failures, ElementsAre(Pair("", platform::ReadFailure::readersUnavailable)));
+    EXPECT_EQ(read("/no/program", {{"a.jpg", "good"}}), 1);
+    EXPECT_THAT(failures, ElementsAre(Pair("/no/program", platform::ReadFailure::readersUnavailable)));
 }
 
 TEST(NumberText, IsPlainAndReadsBack) {

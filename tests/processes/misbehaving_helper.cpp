@@ -201,8 +201,7 @@ int beParent(const char* log, int count, char** paths) {
     settings.arguments = {log};
     HelperPool pool(settings);
     std::vector<HelperJob> jobs(static_cast<std::size_t>(count));
-    int error = 0;
-    for (HelperJob& job : jobs) job.file = openRegularFile(*paths++, error);
+    for (HelperJob& job : jobs) job.path = *paths++;
     pool.read(
         HelperTask::image, jobs, [](auto, auto, auto) {}, [] { return false; });
     return 0;

@@ -18,7 +18,7 @@ FailureCollector::~FailureCollector() { platform::setReadFailureListener({}); }
 bool FailureCollector::report() const {
     const std::lock_guard lock(mutex_);
     for (const auto& [path, reason] : failures_) {
-        printMessage(path.empty() ? reason : quoted(path) + ": " + reason);
+        printMessage(quoted(path) + ": " + reason);
     }
     return !failures_.empty();
 }

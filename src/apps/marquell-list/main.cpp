@@ -24,9 +24,11 @@
 #include "metadata/DataCoordinator.h"
 #include "metadata/HashesHelper.h"
 #include "metadata/ImageIOHelper.h"
+#include "metadata/LightReaders.h"
 #include "metadata/TagManager.h"
 #include "platform/AtomicFile.h"
 #include "platform/DescriptorIo.h"
+#include "platform/HelperProtocol.h"
 #include "platform/TextFile.h"
 #include "platform/UnfinishedFile.h"
 #include "platform/Workers.h"
@@ -90,10 +92,23 @@ void hintAtUndeliveredColumns(const pipeline::DataModelSnapshot& snapshot) {
     if (!columns.empty()) printMessage("no values yet for these columns: " + columns);
 }
 
+/// How well the processes are confined that read untrusted files.
+std::string readersLine() {
+    const auto protections = metadata::lightReaders().protections();
+    metadata::lightReaders().endIdle();
+    if (!protections) return "readers of files: none start\n";
+    const bool isFiltered = (*protections & platform::systemCallFilter) != 0;
+    const bool isRuled = (*protections & platform::fileSystemRules) != 0;
+    if (!isFiltered && !isRuled) return "readers of files: not confined by the kernel\n";
+    return std::string("readers of files: confined by ") +
+           (isFiltered ? "a system call filter" : "") + (isFiltered && isRuled ? " and " : "") +
+           (isRuled ? "file system rules" : "") + "\n";
+}
+
 struct RequestRunner {
     ExitStatus operator()(const HelpRequest&) const { return print(helpText()); }
     ExitStatus operator()(const VersionRequest&) const {
-        return print("marquell-list " MARQUELL_VERSION "\n");
+        return print("marquell-list " MARQUELL_VERSION "\n" + readersLine());
     }
     ExitStatus operator()(const CatalogueRequest&) const { return print(catalogueText()); }
     ExitStatus operator()(const UsageProblem& problem) const {
@@ -122,6 +137,7 @@ struct RequestRunner {
         }
         const bool anyFailures = failures.report() || !request.settingsProblems.empty();
         const ExitStatus delivered = deliver(*output, request.outputFile);
+        metadata::ImageIOHelper::shared().endReaders();
         if (delivered != ExitStatus::success || !anyFailures) return delivered;
         return ExitStatus::incomplete;
     }

@@ -87,20 +87,20 @@ constexpr std::array<std::pair<Charset, const char*>, 9> convertedCharsets = {{
     {Charset::latin5, "ISO-8859-9"},
 }};
 
-/// The converters of this (single-threaded) process, kept since they are loaded from files. Null
-/// where the system has none.
+/// The converters of this (single-threaded) process, never closed since they are loaded from files.
+/// Null where the system has none.
 iconv_t converterOf(Charset charset) {
-    static const auto converters = [] {
-        std::map<Charset, iconv_t> opened;
+    static const auto* const converters = [] {
+        auto* const opened = new std::map<Charset, iconv_t>;
         for (const auto& [known, name] : convertedCharsets) {
             iconv_t converter = ::iconv_open("UTF-8", name);
             // NOLINTNEXTLINE(performance-no-int-to-ptr): iconv_open's own way of saying none
             const bool isOpen = converter != reinterpret_cast<iconv_t>(-1);
-            opened.emplace(known, isOpen ? converter : nullptr);
+            opened->emplace(known, isOpen ? converter : nullptr);
         }
         return opened;
     }();
-    return converters.at(charset);
+    return converters->at(charset);
 }
 
 void appendConverted(std::string& text, std::string bytes, Charset charset) {
