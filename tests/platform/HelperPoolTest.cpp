@@ -22,6 +22,7 @@
 
 #include "platform/FileDescriptor.h"
 #include "platform/HelperPool.h"
+#include "platform/RegularFile.h"
 #include "platform/Surroundings.h"
 
 namespace marquell::platform {
@@ -54,7 +55,8 @@ protected:
     HelperPoolTest() {
         settings_.program = MARQUELL_MISBEHAVING_HELPER;
         settings_.arguments = {log_};
-        job("file", "");  // closes folders that another test kept open
+        int error = 0;
+        openRegularFile(folder_ / "none", error);  // closes folders that another test kept open
         descriptors_ = openDescriptors();
     }
 
