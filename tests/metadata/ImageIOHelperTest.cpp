@@ -122,7 +122,8 @@ TEST_F(ImageIOHelperTest, TellsWhyAFileWasNotRead) {
                               Pair(folder / "bad.JPG", platform::ReadFailure::readerFailed)));
     failures.clear();
     EXPECT_EQ(read("/no/program", {{"a.jpg", "good"}}), 1);
-    EXPECT_THAT(failures, ElementsAre(Pair("/no/program", platform::ReadFailure::readersUnavailable)));
+    EXPECT_THAT(failures,
+                ElementsAre(Pair("/no/program", platform::ReadFailure::readersUnavailable)));
 }
 
 TEST(NumberText, IsPlainAndReadsBack) {
