@@ -167,6 +167,14 @@ class CommandLineTest(unittest.TestCase):
             status, text, messages = self.run_program(option)
             self.assertEqual((status, messages), (0, ""))
             self.assertTrue(text.startswith(beginning) and text.endswith(b"\n"), text)
+        # What the kernel offers is not the test's business, but a build has readers that start.
+        readers = self.run_program("--version")[1].decode().splitlines()[1:]
+        confined = r"confined by (a system call filter( and file system rules)?|file system rules)"
+        how = "not confined by the kernel"
+        if not re.search("address|thread", os.environ.get("MARQUELL_SANITIZE", "")):
+            how = f"({confined}|{how})"
+        self.assertEqual(len(readers), 1)
+        self.assertRegex(readers[0], f"^readers of files: {how}$")
         text = self.run_program("--help")[1].decode()
         for option in ("--columns", "--format", "--set", "--output", "--from0", "--list-columns",
                        "--jobs", "--quiet", "--help", "--version", "jsonDateFormatMode"):
