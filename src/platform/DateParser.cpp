@@ -3,7 +3,9 @@
 
 #include <chrono>
 #include <cstddef>
-#include <ctime>
+#include <cstdint>
+
+#include "platform/LocalTime.h"
 
 namespace marquell::platform {
 namespace {
@@ -33,12 +35,12 @@ int number(std::string_view digits) {
     return value;
 }
 
-bool isReal(const std::tm& time) {
-    using namespace std::chrono;
-    const year_month_day date(year(time.tm_year + 1900),
-                              month(static_cast<unsigned>(time.tm_mon + 1)),
-                              day(static_cast<unsigned>(time.tm_mday)));
-    return date.ok() && time.tm_hour < 24 && time.tm_min < 60 && time.tm_sec < 60;
+/// Of that day and clock time, in seconds since 1970-01-01 00:00 of the same clock.
+std::optional<std::int64_t> localSeconds(const std::chrono::year_month_day& date, int hour,
+                                         int minute, int second) {
+    if (!date.ok() || hour > 23 || minute > 59 || second > 59) return std::nullopt;
+    const std::chrono::sys_seconds midnight = std::chrono::sys_days(date);
+    return midnight.time_since_epoch().count() + (hour * 60 + minute) * 60 + second;
 }
 
 }  // namespace
@@ -46,19 +48,17 @@ bool isReal(const std::tm& time) {
 std::optional<Date> parseCameraDate(std::string_view text) {
     text = trimmed(text);
     if (!hasForm(text)) return std::nullopt;
-    std::tm time{};
-    time.tm_year = number(text.substr(0, 4)) - 1900;
-    time.tm_mon = number(text.substr(5, 2)) - 1;
-    time.tm_mday = number(text.substr(8, 2));
-    time.tm_hour = number(text.substr(11, 2));
-    time.tm_min = number(text.substr(14, 2));
-    time.tm_sec = number(text.substr(17, 2));
-    if (!isReal(time)) return std::nullopt;
-    time.tm_isdst = -1;  // the zone's rules decide
-    time.tm_wday = -1;   // stays so only on failure, as a result of -1 is also a moment
-    const std::time_t seconds = std::mktime(&time);
-    if (time.tm_wday < 0) return std::nullopt;
-    return Date{seconds, 0};
+    const std::chrono::year_month_day date(
+        std::chrono::year(number(text.substr(0, 4))),
+        std::chrono::month(static_cast<unsigned>(number(text.substr(5, 2)))),
+        std::chrono::day(static_cast<unsigned>(number(text.substr(8, 2)))));
+    const auto local = localSeconds(date, number(text.substr(11, 2)), number(text.substr(14, 2)),
+                                    number(text.substr(17, 2)));
+    if (!local) return std::nullopt;
+    // The offset at about that moment tells the moment, and that its offset. mktime() would have
+    // all threads wait for one lock.
+    const std::int64_t about = *local - offsetFromUtc(*local);
+    return Date{*local - offsetFromUtc(about), 0};
 }
 
 }  // namespace marquell::platform

@@ -15,14 +15,6 @@ std::int64_t floorDivide(std::int64_t value, std::int64_t divisor) {
     return value / divisor - (value % divisor < 0 ? 1 : 0);
 }
 
-std::int64_t askSystem(std::int64_t seconds) {
-    // Beyond this the year no longer fits the C library's int; the zone's last rule goes on.
-    constexpr std::int64_t limit = 60'000'000'000'000'000;
-    const std::time_t moment = std::clamp(seconds, -limit, limit);
-    std::tm fields = {};
-    return ::localtime_r(&moment, &fields) == nullptr ? 0 : fields.tm_gmtoff;
-}
-
 /// Months counted from March, so that the leap day ends the year (the algorithm is known as
 /// civil_from_days).
 void setDate(CivilTime& civil, std::int64_t daysSince1970) {
@@ -41,6 +33,14 @@ void setDate(CivilTime& civil, std::int64_t daysSince1970) {
 
 }  // namespace
 
+std::int64_t offsetFromUtc(std::int64_t seconds) {
+    // Beyond this the year no longer fits the C library's int; the zone's last rule goes on.
+    constexpr std::int64_t limit = 60'000'000'000'000'000;
+    const std::time_t moment = std::clamp(seconds, -limit, limit);
+    std::tm fields = {};
+    return ::localtime_r(&moment, &fields) == nullptr ? 0 : fields.tm_gmtoff;
+}
+
 CivilTime civilTime(std::int64_t localSeconds) {
     const std::int64_t days = floorDivide(localSeconds, secondsPerDay);
     const auto secondOfDay = static_cast<unsigned>(localSeconds - days * secondsPerDay);
@@ -56,16 +56,16 @@ LocalZone::LocalZone() { ::tzset(); }
 
 std::int64_t LocalZone::offsetAt(std::int64_t seconds) {
     const std::int64_t day = floorDivide(seconds, secondsPerDay);
-    if (day <= INT32_MIN || day > INT32_MAX) return askSystem(seconds);
+    if (day <= INT32_MIN || day > INT32_MAX) return offsetFromUtc(seconds);
     if (days_.empty()) days_.resize(cachedDays);
     CachedDay& cached = days_[static_cast<std::size_t>(day) % cachedDays];
     if (cached.day != day) {
-        const std::int64_t first = askSystem(day * secondsPerDay);
-        const std::int64_t last = askSystem((day + 1) * secondsPerDay - 1);
+        const std::int64_t first = offsetFromUtc(day * secondsPerDay);
+        const std::int64_t last = offsetFromUtc((day + 1) * secondsPerDay - 1);
         cached.day = static_cast<std::int32_t>(day);
         cached.offset = first == last ? static_cast<std::int32_t>(first) : clocksChange;
     }
-    return cached.offset != clocksChange ? cached.offset : askSystem(seconds);
+    return cached.offset != clocksChange ? cached.offset : offsetFromUtc(seconds);
 }
 
 }  // namespace marquell::platform

@@ -63,6 +63,34 @@ TEST(ExifReader, MakesOneNumberOfOneAndAListOfTextsOfSeveral) {
     EXPECT_EQ(read("Exif.Image.FNumber", "28/10"), withKey(Key::kCGImagePropertyExifFNumber, 2.8));
 }
 
+TEST(ExifReader, TakesTheSizeOfTheMainImage) {
+    Exiv2::ExifData exif;
+    const auto directory = [&exif](const std::string& group, std::uint32_t kind,
+                                   std::uint32_t width, std::uint16_t depth) {
+        exif["Exif." + group + ".NewSubfileType"] = kind;
+        exif["Exif." + group + ".ImageWidth"] = width;
+        exif["Exif." + group + ".ImageLength"] = width / 2;
+        exif["Exif." + group + ".BitsPerSample"] = depth;
+    };
+    directory("Image", 1, 160, 8);
+    directory("SubImage1", 1, 9000, 8);
+    directory("SubImage2", 0, 6000, 14);
+    exif["Exif.Image.XResolution"] = Exiv2::URational(118, 1);
+    exif["Exif.Image.ResolutionUnit"] = std::uint16_t{3};
+    const ImageHeader header = directoryHeader(exif);
+    EXPECT_EQ(header.pixelWidth, 6000U);
+    EXPECT_EQ(header.pixelHeight, 3000U);
+    EXPECT_EQ(header.depth, 14U);
+    EXPECT_DOUBLE_EQ(header.dpiWidth.value_or(0), 299.72);
+    EXPECT_FALSE(header.dpiHeight);
+    exif["Exif.PanasonicRaw.SensorTopBorder"] = std::uint16_t{10};
+    exif["Exif.PanasonicRaw.SensorLeftBorder"] = std::uint16_t{20};
+    exif["Exif.PanasonicRaw.ImageHeight"] = std::uint16_t{5010};
+    exif["Exif.PanasonicRaw.ImageWidth"] = std::uint16_t{7020};
+    EXPECT_EQ(directoryHeader(exif).pixelWidth, 7000U);
+    EXPECT_EQ(directoryHeader(exif).pixelHeight, 5000U);
+}
+
 TEST(ExifReader, CombinesDegreesExactly) {
     const auto latitude = [](const std::string& parts) {
         return read("Exif.GPSInfo.GPSLatitude", parts);

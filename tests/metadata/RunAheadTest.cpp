@@ -69,7 +69,6 @@ TEST_F(RunAheadTest, AStageReadsTheSameWithAnyNumberOfWorkers) {
         RunAhead ahead(files, columns, isUnwanted);
         for (std::size_t i = 0; i < files.size(); ++i) {
             EXPECT_TRUE(ahead.waitFor(i));
-            EXPECT_TRUE(workers == 1 || isRetrieved(i)) << i;
             EXPECT_EQ(files[i]->getWrappedValueSync(columns[1]), expectedSize(i)) << i;
         }
         std::set<std::string_view> paths;
@@ -89,7 +88,6 @@ TEST_F(RunAheadTest, AStageMayLeaveAtAnyPoint) {
         {
             RunAhead ahead(files, columns, isUnwanted);
             ahead.waitFor(last);
-            EXPECT_TRUE(isRetrieved(last));
         }
         // What was begun is finished, so that nobody waits for it in vain.
         for (std::size_t i = 0; i < files.size(); ++i) {

@@ -93,10 +93,38 @@ std::optional<double> dotsPerInch(const std::optional<double>& resolution, doubl
     return std::nullopt;
 }
 
+/// The number of a field, 0 if it has none.
+double numberOf(const Exiv2::ExifData& exif, const char* field) {
+    const auto found = exif.findKey(Exiv2::ExifKey(field));
+    return found != exif.end() ? component(found->value(), 0).value_or(0) : 0;
+}
+
+/// Of a raw file of Panasonic: its directory has the borders of the image on the sensor. (What the
+/// library calls width and height are the right and the bottom one.)
+Directory panasonicDirectory(const Exiv2::ExifData& exif) {
+    Directory directory;
+    const auto number = [&exif](const char* field) { return numberOf(exif, field); };
+    directory.width =
+        number("Exif.PanasonicRaw.ImageWidth") - number("Exif.PanasonicRaw.SensorLeftBorder");
+    directory.height =
+        number("Exif.PanasonicRaw.ImageHeight") - number("Exif.PanasonicRaw.SensorTopBorder");
+    directory.depth = number("Exif.PanasonicRaw.0x000a");
+    return directory;
+}
+
 }  // namespace
 
+ImageHeader photoHeader(const Exiv2::ExifData& exif) {
+    ImageHeader header;
+    header.pixelWidth = whole(numberOf(exif, "Exif.Photo.PixelXDimension"));
+    header.pixelHeight = whole(numberOf(exif, "Exif.Photo.PixelYDimension"));
+    return header;
+}
+
 ImageHeader directoryHeader(const Exiv2::ExifData& exif) {
-    const auto directories = directoriesOf(exif);
+    auto directories = directoriesOf(exif);
+    const Directory panasonic = panasonicDirectory(exif);
+    if (panasonic.width > 0) directories["PanasonicRaw"] = panasonic;
     const Directory* main = nullptr;
     for (const auto& [group, directory] : directories) {
         if (!directory.isMainImage() || directory.area() <= 0) continue;

@@ -16,4 +16,7 @@ void addExifProperties(platform::PropertyDictionary& properties, const Exiv2::Ex
 /// directories, those of its main image, be it that of the first directory or of one below it.
 ImageHeader directoryHeader(const Exiv2::ExifData& exif);
 
+/// The size that the camera gave the photo, of raw files whose directories describe other things.
+ImageHeader photoHeader(const Exiv2::ExifData& exif);
+
 }  // namespace marquell::helpers

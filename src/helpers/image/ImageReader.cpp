@@ -194,10 +194,11 @@ ImageHeader headerOf(Input& input, ImageKind kind, const Metadata& metadata) {
         header.dpiWidth = directories.dpiWidth;
         header.dpiHeight = directories.dpiHeight;
     }
-    // Of a raw file of another structure the library knows better which image is the main one.
-    const bool isPlain = kind == ImageKind::tiff || kind == ImageKind::orf;
-    complete(header, isPlain ? directories : metadata.header);
-    complete(header, isPlain ? metadata.header : directories);
+    const bool isOfPreview =
+        kind == ImageKind::cr2 || kind == ImageKind::cr3 || kind == ImageKind::raf;
+    if (isOfPreview) complete(header, photoHeader(metadata.exif));
+    complete(header, directories);
+    complete(header, metadata.header);
     return header;
 }
 
@@ -226,7 +227,7 @@ PropertyDictionary readKind(Input& input, ImageKind kind) {
     if (kind == ImageKind::heif) readItems(metadata, input);
     preferRawIptc(metadata, input, kind);
     PropertyDictionary properties;
-    addHeaderProperties(properties, headerOf(input, kind, metadata));
+    leniently([&] { addHeaderProperties(properties, headerOf(input, kind, metadata)); });
     leniently([&] { addExifProperties(properties, metadata.exif, metadata.order); });
     addIptcProperties(properties, metadata.iptc);
     leniently([&] { addXmpProperties(properties, metadata.xmp); });
