@@ -19,8 +19,8 @@ struct CivilTime {
 /// `localSeconds` since 1970-01-01 00:00 of the same clock.
 CivilTime civilTime(std::int64_t localSeconds);
 
-/// Seconds east of UTC in the machine's time zone (TZ) at a moment, given in seconds since 1970-01-01
-/// UTC. Any thread.
+/// Seconds east of UTC in the machine's time zone (TZ) at a moment, given in seconds since
+/// 1970-01-01 UTC. Any thread.
 std::int64_t offsetFromUtc(std::int64_t seconds);
 
 /// The machine's time zone (TZ), with the offsets it met kept by day: asking the C library costs
