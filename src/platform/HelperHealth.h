@@ -15,7 +15,7 @@ namespace marquell::platform {
 class HelperHealth {
 public:
     void started(std::uint32_t protections);
-    /// One did not come to its first file. Twice in a row without an answer between, and none will.
+    /// One did not come to its first file. After three in a row none is tried again.
     void didNotStart();
     void answered() { failedStarts_.store(0, std::memory_order_relaxed); }
 

@@ -69,7 +69,7 @@ public:
     void read(HelperTask task, std::span<HelperJob> jobs, const Receiver& receive,
               const std::function<bool()>& shouldStop);
 
-    /// Whether helpers were given up for good: twice in a row one did not get as far as its first
+    /// Whether helpers were given up for good: three in a row did not get as far as their first
     /// file. All later jobs are `unavailable`. Files alone never bring that about, however many of
     /// them kill their helpers: the good ones among them are still read.
     bool isUnavailable() const;
