@@ -116,7 +116,7 @@ void DataCoordinator::retrieveDataSynchronously(Node& node, MetadataSource sourc
         if (storage.finishRetrieval(node.pathKey(), source, *ticket)) break;
     }
     // Also when another node of the same path had it found: who waits for this one waits still.
-    node.signalDataIsNowReady(source);
+    if (storage.isRetrieved(node.pathKey(), source)) node.signalDataIsNowReady(source);
 }
 
 void DataCoordinator::retrieveDataAhead(std::span<Node* const> nodes, MetadataSource source,
@@ -136,8 +136,9 @@ void DataCoordinator::retrieveDataAhead(std::span<Node* const> nodes, MetadataSo
     extraction->retrieve(
         taken,
         [&](std::size_t i) {
-            storage.finishRetrieval(taken[i]->pathKey(), source, *tickets[i]);
-            tickets[i].reset();
+            const auto ticket = std::exchange(tickets[i], std::nullopt);
+            // Cleared meanwhile, it is extracted anew by whoever reads it.
+            if (!storage.finishRetrieval(taken[i]->pathKey(), source, *ticket)) return;
             taken[i]->signalDataIsNowReady(source);
         },
         shouldStop);

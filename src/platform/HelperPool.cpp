@@ -99,10 +99,10 @@ std::optional<std::uint32_t> HelperPool::Implementation::protections() {
     constexpr auto never = [] { return false; };
     waitForTurn(never);
     Turn turn(*this);
-    turn.process = takeIdle();
     bool isStopped = false;
     while (!turn.process && !health_.isUnavailable()) {
-        turn.process = startHelper(settings_, health_, never, isStopped);
+        turn.process = takeIdle();
+        if (!turn.process) turn.process = startHelper(settings_, health_, never, isStopped);
     }
     if (!turn.process) return std::nullopt;
     return health_.protections();

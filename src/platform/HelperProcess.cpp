@@ -44,6 +44,7 @@ HelperProcess::HelperProcess(SpawnedHelper&& spawned)
       stream_(std::move(spawned.socket)) {}
 
 bool HelperProcess::end() {
+    held_.reset();
     if (process_ < 0) return true;
     if (!std::exchange(isKilled_, true)) {
         ::kill(process_, SIGKILL);

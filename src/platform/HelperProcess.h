@@ -21,7 +21,7 @@ public:
 
     HelperStream& stream() { return stream_; }
 
-    /// Keeps something as long as the process is there.
+    /// Keeps something until the process is to end.
     void hold(std::shared_ptr<const void> thing) { held_ = std::move(thing); }
 
     /// Kills and reaps it. False if the kernel holds on to it, as it may while a file system does

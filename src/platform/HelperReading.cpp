@@ -81,9 +81,14 @@ bool HelperReading::isShortage(int error) {
         shortageEnd_.reset();
         return false;
     }
+    return !underWay_.empty() || isShortTime();
+}
+
+/// Whether what the system is short of has been missing for a short time only.
+bool HelperReading::isShortTime() {
     const auto now = std::chrono::steady_clock::now();
     if (!shortageEnd_) shortageEnd_ = now + longestShortage;
-    return !underWay_.empty() || now < *shortageEnd_;
+    return now < *shortageEnd_;
 }
 
 void HelperReading::run(std::unique_ptr<HelperProcess>& process, const IdleTaker& takeIdle) {
@@ -111,13 +116,15 @@ void HelperReading::run(std::unique_ptr<HelperProcess>& process, const IdleTaker
 
 HelperReading::Talk HelperReading::talkTo(HelperProcess& process) {
     HelperStream& stream = process.stream();
+    shortageEnd_.reset();
     for (;;) {
         if (shouldStop_()) return Talk::stopped;
         const HelperStream::Sending sending = sendRequests(stream);
         if (underWay_.empty()) {
             if (waiting_.empty()) return stream.isSettled() ? Talk::done : Talk::failed;
-            // Nothing is awaited that would make room.
-            if (sending != HelperStream::Sending::sent) return Talk::failed;
+            // Nothing is awaited that would make room, but others may.
+            if (sending == HelperStream::Sending::closed) return Talk::failed;
+            if (sending != HelperStream::Sending::sent && !isShortTime()) return Talk::failed;
         }
         waitFor(stream, sending);
         const std::size_t answersDue = underWay_.size();
@@ -189,6 +196,7 @@ void HelperReading::end(HelperOutcome outcome, PropertyDictionary properties) {
     const std::size_t index = underWay_.front();
     underWay_.pop_front();
     suspect_.reset();
+    shortageEnd_.reset();
     deadline_.restart();
     finish(index, outcome, std::move(properties));
 }

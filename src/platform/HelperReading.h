@@ -50,6 +50,7 @@ private:
     bool openNext();
     Opening open(std::size_t index);
     bool isShortage(int error);
+    bool isShortTime();
     void end(HelperOutcome outcome, PropertyDictionary properties);
     void finish(std::size_t index, HelperOutcome outcome, PropertyDictionary properties);
     void blame();
