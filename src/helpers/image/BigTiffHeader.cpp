@@ -7,6 +7,7 @@
 
 #include "helpers/image/ImageHeaders.h"
 #include "helpers/image/Numbers.h"
+#include "helpers/image/TiffDirectory.h"
 
 namespace marquell::helpers {
 namespace {
@@ -43,27 +44,26 @@ public:
     std::uint64_t count() const { return reader_.number(bytes_, 4, 8); }
     std::uint64_t offset() const { return reader_.number(bytes_, valueAt, 8); }
 
-    /// The first of its whole numbers; 0 for other types.
-    std::uint64_t first() const {
+    /// The first of its numbers; absent for types that the fields of interest don't have.
+    std::optional<double> number() const {
+        constexpr std::uint64_t fraction = 5;
+        if (type() == fraction) return fractionInside();
         const std::size_t length = lengthOfType();
-        if (length == 0) return 0;
+        if (length == 0) return std::nullopt;
         const bool isInside = count() <= 8 / length;
-        return isInside ? reader_.number(bytes_, valueAt, length)
-                        : reader_.numberAt(offset(), length);
-    }
-
-    /// The only fraction, which has room inside.
-    double fraction() const {
-        const auto denominator = static_cast<double>(reader_.number(bytes_, valueAt + 4, 4));
-        constexpr std::uint64_t fractions = 5;
-        if (type() != fractions || count() != 1 || denominator == 0) return 0;
-        return static_cast<double>(reader_.number(bytes_, valueAt, 4)) / denominator;
+        return static_cast<double>(isInside ? reader_.number(bytes_, valueAt, length)
+                                            : reader_.numberAt(offset(), length));
     }
 
 private:
     static constexpr std::size_t valueAt = 12;
 
     std::uint64_t type() const { return reader_.number(bytes_, 2, 2); }
+    std::optional<double> fractionInside() const {
+        const auto denominator = static_cast<double>(reader_.number(bytes_, valueAt + 4, 4));
+        if (count() != 1 || denominator == 0) return std::nullopt;
+        return static_cast<double>(reader_.number(bytes_, valueAt, 4)) / denominator;
+    }
     std::size_t lengthOfType() const {
         switch (type()) {
             case 1:
@@ -83,52 +83,6 @@ private:
     std::string bytes_;
 };
 
-struct Fields {
-    std::uint64_t width = 0;
-    std::uint64_t height = 0;
-    std::uint64_t depth = 1;  // as the standard has it
-    double resolutionX = 0;
-    double resolutionY = 0;
-    std::uint64_t resolutionUnit = 2;
-};
-
-void take(Fields& fields, ImageHeader& header, const Reader& reader, const Field& field) {
-    switch (field.tag()) {
-        case 0x0100:
-            fields.width = field.first();
-            break;
-        case 0x0101:
-            fields.height = field.first();
-            break;
-        case 0x0102:
-            fields.depth = field.first();
-            break;
-        case 0x011A:
-            fields.resolutionX = field.fraction();
-            break;
-        case 0x011B:
-            fields.resolutionY = field.fraction();
-            break;
-        case 0x0128:
-            fields.resolutionUnit = field.first();
-            break;
-        case 0x8773:
-            header.colorProfile = profileAt(reader.input(), field.offset(), field.count());
-            break;
-        default:
-            break;
-    }
-}
-
-void setResolution(ImageHeader& header, const Fields& fields) {
-    constexpr std::uint64_t inches = 2;
-    constexpr std::uint64_t centimetres = 3;
-    if (fields.resolutionUnit != inches && fields.resolutionUnit != centimetres) return;
-    const double unitsPerInch = fields.resolutionUnit == inches ? 1 : 2.54;
-    header.dpiWidth = dpiFromMetric(fields.resolutionX, unitsPerInch);
-    header.dpiHeight = dpiFromMetric(fields.resolutionY, unitsPerInch);
-}
-
 }  // namespace
 
 ImageHeader readBigTiffHeader(Input& input) {
@@ -140,15 +94,18 @@ ImageHeader readBigTiffHeader(Input& input) {
     const std::uint64_t directory = reader.number(start, 8, 8);
     const std::uint64_t count =
         std::min<std::uint64_t>(reader.numberAt(directory, 8), maximumSteps);
-    Fields fields;
+    TiffDirectory fields;
+    fields.depth = 1;  // as the standard has it
     for (std::uint64_t i = 0; i < count; ++i) {
         const Field field(reader, directory + 8 + i * Field::size);
         if (!field.isThere()) break;
-        take(fields, header, reader, field);
+        fields.take(field.tag(), field.number());
+        constexpr std::uint64_t colorProfile = 0x8773;
+        if (field.tag() != colorProfile) continue;
+        header.colorProfile = profileAt(input, field.offset(), field.count());
     }
-    setPixelSize(header, fields.width, fields.height);
-    setDepth(header, fields.depth);
-    setResolution(header, fields);
+    fields.describeImage(header);
+    fields.describeResolution(header);
     return header;
 }
 
