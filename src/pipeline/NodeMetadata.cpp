@@ -98,10 +98,13 @@ DisplayStringWrapper Node::getDisplayString(std::string_view forMetaDataKey) {
 WrappedMetaDataValue Node::extractedValueSync(const Column& column) {
     if (!column.source) return None{};
     MetadataStorage& storage = MetadataStorage::shared();
-    if (auto value = storage.getValueIfRetrieved(pathKey(), column.key, *column.source)) {
-        return std::move(*value);
-    }
-    DataCoordinator::shared().retrieveDataSynchronously(*this, *column.source);
+    do {
+        if (auto value = storage.getValueIfRetrieved(pathKey(), column.key, *column.source)) {
+            return std::move(*value);
+        }
+        DataCoordinator::shared().retrieveDataSynchronously(*this, *column.source);
+        // Once more if the store was cleared just now.
+    } while (DataCoordinator::delivers(*column.source));
     return storage.getWrappedValue(pathKey(), column.key, *column.source);
 }
 
