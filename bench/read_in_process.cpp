@@ -12,8 +12,8 @@
 #include <cstdio>
 #include <string>
 
+#include "helpers/common/Input.h"
 #include "helpers/image/ImageReader.h"
-#include "helpers/image/Input.h"
 
 int main(int count, char** arguments) {
     using namespace marquell::helpers;

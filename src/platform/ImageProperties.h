@@ -156,6 +156,20 @@ enum class ImagePropertyKey : std::uint16_t {
     kCGImagePropertyIPTCContactInfoEmails,
     kCGImagePropertyIPTCContactInfoPhones,
     kCGImagePropertyIPTCContactInfoWebURLs,
+    // Of all of them, for what no column of images shows.
+    kCGImagePropertyColorModel,
+    kCGImagePropertyTIFFImageDescription,
+    kCGImagePropertyTIFFDateTime,
+    kCGImagePropertyTIFFArtist,
+    kCGImagePropertyTIFFCopyright,
+    kCGImagePropertyTIFFXPTitle,
+    kCGImagePropertyTIFFXPComment,
+    kCGImagePropertyTIFFXPAuthor,
+    kCGImagePropertyTIFFXPKeywords,
+    kCGImagePropertyExifOffsetTime,
+    kCGImagePropertyExifOffsetTimeOriginal,
+    kCGImagePropertyExifOffsetTimeDigitized,
+    kCGImagePropertyIPTCExtPersonInImage,
 };
 
 }  // namespace marquell::platform

@@ -16,8 +16,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string_view bytes(reinterpret_cast<const char*>(data + 1), size - 1);
     MemoryInput input(bytes);
     const ImageHeader header = readImageHeader(input, imageKindOf(input, extension));
-    static_cast<void>(colorProfileName(header.colorProfile));
-    static_cast<void>(colorProfileName(std::string(bytes)));
+    static_cast<void>(describeColorProfile(header.colorProfile));
+    static_cast<void>(describeColorProfile(std::string(bytes)));
     static_cast<void>(readHeifMetadata(input));
     return 0;
 }

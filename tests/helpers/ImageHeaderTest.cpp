@@ -33,7 +33,7 @@ void readAll(const std::string& bytes, const std::string& extension) {
     const ImageHeader header = headerOf(bytes, extension);
     EXPECT_NE(header.pixelWidth, 0U);
     EXPECT_LE(header.depth.value_or(1), 128U);
-    colorProfileName(header.colorProfile);
+    describeColorProfile(header.colorProfile);
     MemoryInput input(bytes);
     readHeifMetadata(input);
 }
@@ -48,7 +48,8 @@ TEST(ImageHeader, SaysWhatTheContainerSays) {
         EXPECT_EQ(header.depth, sample.depth);
         EXPECT_DOUBLE_EQ(header.dpiWidth.value_or(0), sample.dpiWidth);
         EXPECT_DOUBLE_EQ(header.dpiHeight.value_or(0), sample.dpiHeight);
-        EXPECT_EQ(colorProfileName(header.colorProfile), sample.hasProfile ? "A profile" : "");
+        EXPECT_EQ(describeColorProfile(header.colorProfile).name,
+                  sample.hasProfile ? "A profile" : "");
     }
 }
 
@@ -147,17 +148,17 @@ TEST(ImageKind, OfBoxesGoesByTheMajorBrand) {
 }
 
 TEST(ColorProfile, NamesAreCleanText) {
-    EXPECT_EQ(colorProfileName(sampleProfile("  A\tprofile\x01  ")), "Aprofile");
-    EXPECT_EQ(colorProfileName(sampleProfile(" ")), "");
-    EXPECT_EQ(colorProfileName(sampleProfile("Caf\xE9")), "Café");
+    EXPECT_EQ(describeColorProfile(sampleProfile("  A\tprofile\x01  ")).name, "Aprofile");
+    EXPECT_EQ(describeColorProfile(sampleProfile(" ")).name, "");
+    EXPECT_EQ(describeColorProfile(sampleProfile("Caf\xE9")).name, "Café");
     const std::string wide = "\0a\xD8\x3D\xDE\x00\0\n\x20\xAC"s;
-    EXPECT_EQ(colorProfileName(sampleWideProfile(wide)), "a\U0001F600\u20AC");
+    EXPECT_EQ(describeColorProfile(sampleWideProfile(wide)).name, "a\U0001F600\u20AC");
     for (const std::string& whole : {sampleProfile("A profile"), sampleWideProfile(wide)}) {
         for (std::size_t length = 0; length < 144; ++length) {
-            EXPECT_EQ(colorProfileName(whole.substr(0, length)), "") << length;
+            EXPECT_EQ(describeColorProfile(whole.substr(0, length)).name, "") << length;
         }
         for (std::size_t length = 144; length < whole.size(); ++length) {
-            colorProfileName(whole.substr(0, length));
+            describeColorProfile(whole.substr(0, length));
         }
     }
 }

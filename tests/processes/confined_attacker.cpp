@@ -36,9 +36,9 @@
 #include <string>
 #include <vector>
 
-#include "helpers/light/Confinement.h"
-#include "helpers/light/Limits.h"
-#include "helpers/light/Sanitized.h"
+#include "helpers/process/Confinement.h"
+#include "helpers/process/Limits.h"
+#include "helpers/process/Sanitized.h"
 #include "platform/HelperProtocol.h"
 
 namespace {

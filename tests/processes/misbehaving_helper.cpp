@@ -19,8 +19,8 @@
 #include <string_view>
 #include <vector>
 
-#include "helpers/light/Limits.h"
-#include "helpers/light/RequestLoop.h"
+#include "helpers/process/Limits.h"
+#include "helpers/process/RequestLoop.h"
 #include "platform/DescriptorIo.h"
 #include "platform/HelperPool.h"
 
@@ -203,7 +203,7 @@ int beParent(const char* log, int count, char** paths) {
     std::vector<HelperJob> jobs(static_cast<std::size_t>(count));
     for (HelperJob& job : jobs) job.path = *paths++;
     pool.read(
-        HelperTask::image, jobs, [](auto, auto, auto) {}, [] { return false; });
+        jobs, [](auto, auto, auto) {}, [] { return false; });
     return 0;
 }
 

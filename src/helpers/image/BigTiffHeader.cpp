@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "helpers/common/Numbers.h"
 #include "helpers/image/ImageHeaders.h"
-#include "helpers/image/Numbers.h"
 #include "helpers/image/TiffDirectory.h"
 
 namespace marquell::helpers {

@@ -4,8 +4,8 @@
 #include <bit>
 #include <cstdlib>
 
+#include "helpers/common/Numbers.h"
 #include "helpers/image/ImageHeaders.h"
-#include "helpers/image/Numbers.h"
 
 namespace marquell::helpers {
 namespace {

@@ -16,13 +16,8 @@ using WideText = std::vector<wchar_t>;
 constexpr std::size_t maximumNameUnits = 4096;
 
 /// The description as the library gives it.
-WideText wideDescription(const std::string& profile) {
-    // Broken profiles are common and no news.
-    cmsSetLogErrorHandler([](cmsContext, cmsUInt32Number, const char*) {});
+WideText wideDescription(void* handle) {
     WideText text;
-    void* const handle =
-        cmsOpenProfileFromMem(profile.data(), static_cast<cmsUInt32Number>(profile.size()));
-    if (handle == nullptr) return text;
     const auto describe = [handle](wchar_t* buffer, std::size_t bytes) {
         return cmsGetProfileInfo(handle, cmsInfoDescription, "en", "US", buffer,
                                  static_cast<cmsUInt32Number>(bytes));
@@ -33,7 +28,6 @@ WideText wideDescription(const std::string& profile) {
         describe(text.data(), units * sizeof(wchar_t));
         text.pop_back();  // the NUL at the end
     }
-    cmsCloseProfile(handle);
     return text;
 }
 
@@ -55,8 +49,7 @@ std::string trimmed(const std::string& text) {
     return text.substr(first, text.find_last_not_of(' ') + 1 - first);
 }
 
-std::string nameOf(const std::string& profile) {
-    const WideText text = wideDescription(profile);
+std::string nameOf(const WideText& text) {
     std::string name;
     // The library counts UTF-16 units, but puts characters there. After one that took two units
     // there is one place less in use at the end, and what stands there is left over from other
@@ -70,18 +63,44 @@ std::string nameOf(const std::string& profile) {
     return trimmed(name);
 }
 
+std::string_view modelOf(void* handle) {
+    switch (cmsGetColorSpace(handle)) {
+        case cmsSigRgbData:
+            return "RGB";
+        case cmsSigGrayData:
+            return "Gray";
+        case cmsSigCmykData:
+            return "CMYK";
+        case cmsSigLabData:
+            return "Lab";
+        default:
+            return {};
+    }
+}
+
+ProfileDescription described(const std::string& profile) {
+    // Broken profiles are common and no news.
+    cmsSetLogErrorHandler([](cmsContext, cmsUInt32Number, const char*) {});
+    void* const handle =
+        cmsOpenProfileFromMem(profile.data(), static_cast<cmsUInt32Number>(profile.size()));
+    if (handle == nullptr) return {};
+    ProfileDescription description = {nameOf(wideDescription(handle)), modelOf(handle)};
+    cmsCloseProfile(handle);
+    return description;
+}
+
 }  // namespace
 
-std::string colorProfileName(const std::string& profile) {
+ProfileDescription describeColorProfile(const std::string& profile) {
     if (profile.empty()) return {};
     // The photos of a folder mostly share one profile.
     struct Known {
         std::string profile;
-        std::string name;
+        ProfileDescription description;
     };
     thread_local Known last;
-    if (last.profile != profile) last = {profile, nameOf(profile)};
-    return last.name;
+    if (last.profile != profile) last = {profile, described(profile)};
+    return last.description;
 }
 
 }  // namespace marquell::helpers

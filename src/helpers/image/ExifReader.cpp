@@ -10,6 +10,7 @@
 #include <string_view>
 #include <utility>
 
+#include "helpers/common/DecodedText.h"
 #include "helpers/image/ExifValue.h"
 #include "platform/ImageProperties.h"
 
@@ -37,6 +38,7 @@ enum class Form {
     degrees,   ///< degrees, minutes, seconds
     time,      ///< hours, minutes, seconds
     comment,   ///< text with its encoding in front
+    utf16,     ///< bytes of a text in UTF-16, the least significant first
     readable,  ///< bytes of any kind, of interest only if they are a text
 };
 
@@ -126,6 +128,17 @@ constexpr std::array fields = {
     Field{Group::gps, 0x001D, Key::kCGImagePropertyGPSDateStamp, Form::plain},
     Field{Group::gps, 0x001E, Key::kCGImagePropertyGPSDifferental, Form::plain},
     Field{Group::gps, 0x001F, Key::kCGImagePropertyGPSHPositioningError, Form::plain},
+    Field{Group::image, 0x010E, Key::kCGImagePropertyTIFFImageDescription, Form::plain},
+    Field{Group::image, 0x0132, Key::kCGImagePropertyTIFFDateTime, Form::plain},
+    Field{Group::image, 0x013B, Key::kCGImagePropertyTIFFArtist, Form::plain},
+    Field{Group::image, 0x8298, Key::kCGImagePropertyTIFFCopyright, Form::plain},
+    Field{Group::image, 0x9C9B, Key::kCGImagePropertyTIFFXPTitle, Form::utf16},
+    Field{Group::image, 0x9C9C, Key::kCGImagePropertyTIFFXPComment, Form::utf16},
+    Field{Group::image, 0x9C9D, Key::kCGImagePropertyTIFFXPAuthor, Form::utf16},
+    Field{Group::image, 0x9C9E, Key::kCGImagePropertyTIFFXPKeywords, Form::utf16},
+    Field{Group::photo, 0x9010, Key::kCGImagePropertyExifOffsetTime, Form::plain},
+    Field{Group::photo, 0x9011, Key::kCGImagePropertyExifOffsetTimeOriginal, Form::plain},
+    Field{Group::photo, 0x9012, Key::kCGImagePropertyExifOffsetTimeDigitized, Form::plain},
     // What some raw files have in place of the above.
     Field{Group::panasonic, 0x010F, Key::kCGImagePropertyTIFFMake, Form::plain},
     Field{Group::panasonic, 0x0110, Key::kCGImagePropertyTIFFModel, Form::plain},
@@ -147,6 +160,8 @@ OptionalProperty propertyOf(const Exiv2::Value& value, Form form, Exiv2::ByteOrd
             return timeText(value);
         case Form::comment:
             return commentText(rawBytes(value, order), order);
+        case Form::utf16:
+            return textProperty(decodedText(rawBytes(value, order), Charset::utf16LittleEndian));
         case Form::readable:
             return readableText(rawBytes(value, order));
     }

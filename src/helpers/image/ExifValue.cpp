@@ -8,7 +8,7 @@
 #include <string_view>
 #include <utility>
 
-#include "helpers/image/DecodedText.h"
+#include "helpers/common/DecodedText.h"
 #include "platform/NumberText.h"
 
 namespace marquell::helpers {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <algorithm>
 
+#include "helpers/common/Numbers.h"
 #include "helpers/image/HeifItems.h"
 #include "helpers/image/ImageHeaders.h"
-#include "helpers/image/Numbers.h"
 
 namespace marquell::helpers {
 namespace {

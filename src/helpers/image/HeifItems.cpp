@@ -3,8 +3,8 @@
 
 #include <algorithm>
 
+#include "helpers/common/Numbers.h"
 #include "helpers/image/HeifLocations.h"
-#include "helpers/image/Numbers.h"
 
 namespace marquell::helpers {
 namespace {

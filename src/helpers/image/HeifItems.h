@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "helpers/image/Input.h"
-#include "helpers/image/IsoBoxes.h"
+#include "helpers/common/Input.h"
+#include "helpers/common/IsoBoxes.h"
 
 namespace marquell::helpers {
 

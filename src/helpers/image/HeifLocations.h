@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "helpers/image/IsoBoxes.h"
+#include "helpers/common/IsoBoxes.h"
 
 namespace marquell::helpers {
 

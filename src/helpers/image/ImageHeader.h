@@ -4,9 +4,10 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
+#include "helpers/common/Input.h"
 #include "helpers/image/ImageKind.h"
-#include "helpers/image/Input.h"
 
 namespace marquell::helpers {
 
@@ -20,7 +21,8 @@ struct ImageHeader {
     std::optional<double> dpiHeight;
     /// Bits of one colour component as it is shown: 8 for a palette of 24-bit colours.
     std::optional<std::uint32_t> depth;
-    std::string colorProfile;  ///< the embedded ICC profile, empty if there is none
+    std::string_view colorModel;  ///< "RGB", "Gray", "CMYK" or "Lab"; empty if not known
+    std::string colorProfile;     ///< the embedded ICC profile, empty if there is none
 };
 
 /// Reads the header of a file of the given kind. Reads little, and takes bounded time and memory
@@ -38,7 +40,11 @@ struct HeifMetadata {
 };
 HeifMetadata readHeifMetadata(Input& input);
 
-/// The description in an ICC profile: UTF-8, trimmed; empty if there is none or it is broken.
-std::string colorProfileName(const std::string& profile);
+/// What an ICC profile says of itself; empty as far as it doesn't or is broken.
+struct ProfileDescription {
+    std::string name;             ///< UTF-8, trimmed
+    std::string_view colorModel;  ///< as in ImageHeader
+};
+ProfileDescription describeColorProfile(const std::string& profile);
 
 }  // namespace marquell::helpers

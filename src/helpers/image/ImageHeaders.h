@@ -5,12 +5,11 @@
 #include <cstdint>
 #include <string>
 
+#include "helpers/common/Input.h"
 #include "helpers/image/ImageHeader.h"
 
 namespace marquell::helpers {
 
-/// The most segments, chunks, boxes or items of one file that are looked at, each kind by itself.
-inline constexpr std::size_t maximumSteps = 10'000;
 inline constexpr std::size_t maximumProfileBytes = std::size_t{4} * 1024 * 1024;
 /// Metres, in one inch.
 inline constexpr double metresPerInch = 0.0254;

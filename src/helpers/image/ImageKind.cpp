@@ -5,10 +5,10 @@
 #include <array>
 #include <string>
 
+#include "helpers/common/IsoBoxes.h"
+#include "helpers/common/Numbers.h"
 #include "helpers/image/HeifItems.h"
 #include "helpers/image/ImageHeaders.h"
-#include "helpers/image/IsoBoxes.h"
-#include "helpers/image/Numbers.h"
 
 namespace marquell::helpers {
 namespace {

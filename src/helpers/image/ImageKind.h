@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "helpers/image/Input.h"
+#include "helpers/common/Input.h"
 
 namespace marquell::helpers {
 

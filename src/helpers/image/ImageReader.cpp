@@ -9,7 +9,7 @@
 #include <type_traits>
 #include <utility>
 
-#include "helpers/image/DecodedText.h"
+#include "helpers/common/DecodedText.h"
 #include "helpers/image/ExifReader.h"
 #include "helpers/image/ExifValue.h"
 #include "helpers/image/ImageHeader.h"
@@ -176,6 +176,7 @@ void complete(ImageHeader& header, const ImageHeader& other) {
     prefer(header.dpiWidth, other.dpiWidth);
     prefer(header.dpiHeight, other.dpiHeight);
     prefer(header.depth, other.depth);
+    if (header.colorModel.empty()) header.colorModel = other.colorModel;
     if (header.colorProfile.empty()) header.colorProfile = other.colorProfile;
 }
 
@@ -186,6 +187,7 @@ ImageHeader headerOf(Input& input, ImageKind kind, const Metadata& metadata) {
     if (!isMadeOfDirectories(kind)) {
         // They describe the image that the camera made, not what became of it since.
         directories.pixelWidth = directories.pixelHeight = directories.depth = std::nullopt;
+        directories.colorModel = {};
     }
     if (kind == ImageKind::jpeg) {
         // The density of a JPEG's own header is mostly a default.
@@ -214,11 +216,17 @@ void addHeaderProperties(PropertyDictionary& properties, const ImageHeader& head
     add(Key::kCGImagePropertyDPIWidth, header.dpiWidth);
     add(Key::kCGImagePropertyDPIHeight, header.dpiHeight);
     add(Key::kCGImagePropertyDepth, header.depth);
-    std::string profile = colorProfileName(header.colorProfile);
-    if (!profile.empty()) {
-        properties.emplace(static_cast<platform::PropertyKey>(Key::kCGImagePropertyProfileName),
-                           std::move(profile));
-    }
+    const auto addText = [&properties](Key key, std::string_view text) {
+        if (!text.empty()) {
+            properties.emplace(static_cast<platform::PropertyKey>(key), std::string(text));
+        }
+    };
+    const ProfileDescription profile = describeColorProfile(header.colorProfile);
+    addText(Key::kCGImagePropertyProfileName, profile.name);
+    // Of the kinds that don't say, all have pixels of red, green and blue.
+    const std::string_view model = header.colorModel.empty() ? "RGB" : header.colorModel;
+    addText(Key::kCGImagePropertyColorModel,
+            profile.colorModel.empty() ? model : profile.colorModel);
 }
 
 PropertyDictionary readKind(Input& input, ImageKind kind) {

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string_view>
 
-#include "helpers/image/Input.h"
+#include "helpers/common/Input.h"
 #include "platform/PropertyDictionary.h"
 
 namespace marquell::helpers {

@@ -6,7 +6,7 @@
 #include <exiv2/exiv2.hpp>
 #include <string>
 
-#include "helpers/image/Input.h"
+#include "helpers/common/Input.h"
 
 namespace marquell::helpers {
 

@@ -3,8 +3,8 @@
 
 #include <cstddef>
 
+#include "helpers/common/Numbers.h"
 #include "helpers/image/JpegSegments.h"
-#include "helpers/image/Numbers.h"
 #include "helpers/image/PhotoshopResources.h"
 
 namespace marquell::helpers {

@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "helpers/common/Input.h"
 #include "helpers/image/ImageKind.h"
-#include "helpers/image/Input.h"
 
 namespace marquell::helpers {
 

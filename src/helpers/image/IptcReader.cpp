@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "helpers/image/DecodedText.h"
+#include "helpers/common/DecodedText.h"
 #include "helpers/image/IptcBlock.h"
 #include "platform/ImageProperties.h"
 

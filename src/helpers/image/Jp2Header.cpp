@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <cmath>
 
+#include "helpers/common/IsoBoxes.h"
+#include "helpers/common/Numbers.h"
 #include "helpers/image/ImageHeaders.h"
-#include "helpers/image/IsoBoxes.h"
-#include "helpers/image/Numbers.h"
 
 namespace marquell::helpers {
 namespace {
@@ -44,12 +44,30 @@ void readBasics(Input& input, const IsoBox& box, ImageHeader& header) {
     if (!reader.hasFailed() && depth != differing) setDepth(header, depthOf(depth));
 }
 
+std::string_view colorModel(std::uint64_t colorSpace) {
+    switch (colorSpace) {
+        case 0:
+        case 15:
+        case 17:
+            return "Gray";
+        case 12:
+        case 13:
+            return "CMYK";
+        case 14:
+            return "Lab";
+        default:
+            return "RGB";
+    }
+}
+
 void readColors(Input& input, const IsoBox& box, ImageHeader& header) {
     IsoReader reader(input, box);
+    constexpr std::uint64_t enumerated = 1;
     constexpr std::uint64_t restrictedProfile = 2;
     constexpr std::uint64_t anyProfile = 3;
     const std::uint64_t method = reader.number(1);
     reader.skip(2);
+    if (method == enumerated) header.colorModel = colorModel(reader.number(4));
     if (method != restrictedProfile && method != anyProfile) return;
     header.colorProfile = profileAt(input, reader.position(), box.end - reader.position());
 }

@@ -3,9 +3,9 @@
 #include <array>
 #include <string_view>
 
+#include "helpers/common/Numbers.h"
 #include "helpers/image/ImageHeaders.h"
 #include "helpers/image/JpegSegments.h"
-#include "helpers/image/Numbers.h"
 
 namespace marquell::helpers {
 namespace {
@@ -16,6 +16,10 @@ constexpr std::string_view profileMark("ICC_PROFILE\0", 12);
 bool isFrame(std::uint8_t marker) {
     const bool isOther = marker == 0xC4 || marker == 0xC8 || marker == 0xCC;
     return marker >= 0xC0 && marker <= 0xCF && !isOther;
+}
+
+std::string_view colorModel(std::uint64_t components) {
+    return components == 1 ? "Gray" : components == 4 ? "CMYK" : "RGB";
 }
 
 void readDensity(std::string_view content, ImageHeader& header) {
@@ -75,6 +79,7 @@ ImageHeader readJpegHeader(Input& input) {
             hasFrame = true;
             setDepth(header, bigEndian(start, 0, 1));
             setPixelSize(header, bigEndian(start, 3, 2), bigEndian(start, 1, 2));
+            header.colorModel = colorModel(bigEndian(start, 5, 1));
         } else if (segment.marker == 0xE0 && !hasDensity && start.starts_with(densityMark)) {
             hasDensity = true;
             readDensity(start, header);

@@ -3,8 +3,8 @@
 
 #include <string>
 
+#include "helpers/common/Numbers.h"
 #include "helpers/image/ImageHeaders.h"
-#include "helpers/image/Numbers.h"
 
 namespace marquell::helpers {
 namespace {

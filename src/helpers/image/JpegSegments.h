@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "helpers/image/Input.h"
+#include "helpers/common/Input.h"
 
 namespace marquell::helpers {
 

@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "helpers/common/Numbers.h"
 #include "helpers/image/ImageHeaders.h"
-#include "helpers/image/Numbers.h"
 
 namespace marquell::helpers {
 namespace {

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <functional>
 
-#include "helpers/image/Input.h"
+#include "helpers/common/Input.h"
 
 namespace marquell::helpers {
 

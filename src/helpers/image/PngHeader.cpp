@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <bit>
 
+#include "helpers/common/Numbers.h"
 #include "helpers/image/ImageHeaders.h"
-#include "helpers/image/Numbers.h"
 
 namespace marquell::helpers {
 namespace {
@@ -11,7 +11,10 @@ void readBasics(const std::string& content, ImageHeader& header) {
     setPixelSize(header, bigEndian(content, 0, 4), bigEndian(content, 4, 4));
     const std::uint64_t depth = bigEndian(content, 8, 1);
     constexpr std::uint64_t palette = 3;
-    if (bigEndian(content, 9, 1) == palette) {
+    constexpr std::uint64_t colored = 2;  // a bit
+    const std::uint64_t type = bigEndian(content, 9, 1);
+    header.colorModel = (type & colored) != 0 ? "RGB" : "Gray";
+    if (type == palette) {
         header.depth = 8;
     } else if (depth <= 16 && std::has_single_bit(depth)) {
         setDepth(header, depth);

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <array>
 #include <optional>
 #include <string>
+#include <string_view>
 
+#include "helpers/common/Numbers.h"
 #include "helpers/image/ImageHeaders.h"
-#include "helpers/image/Numbers.h"
 #include "helpers/image/PhotoshopResources.h"
 
 namespace marquell::helpers {
@@ -25,6 +27,10 @@ void readResource(Input& input, std::uint64_t id, std::uint64_t content, std::ui
     }
 }
 
+/// By the number of the mode. A bitmap and a duotone are shown as shades of one colour.
+constexpr std::array<std::string_view, 10> colorModels = {"Gray", "Gray", "RGB", "RGB",  "CMYK",
+                                                          "",     "",     "",    "Gray", "Lab"};
+
 }  // namespace
 
 ImageHeader readPsdHeader(Input& input) {
@@ -32,7 +38,9 @@ ImageHeader readPsdHeader(Input& input) {
     const std::string fields = input.bytesAt(0, 30);
     setPixelSize(header, bigEndian(fields, 18, 4), bigEndian(fields, 14, 4));
     constexpr std::uint64_t indexed = 2;
-    setDepth(header, bigEndian(fields, 24, 2) == indexed ? 8 : bigEndian(fields, 22, 2));
+    const std::uint64_t mode = bigEndian(fields, 24, 2);
+    if (mode < colorModels.size()) header.colorModel = colorModels[mode];
+    setDepth(header, mode == indexed ? 8 : bigEndian(fields, 22, 2));
     const ByteRange section = photoshopResourceSection(input);
     forEachPhotoshopResource(input, section.begin, section.end,
                              [&](std::uint64_t id, std::uint64_t content, std::uint64_t length) {

@@ -2,8 +2,8 @@
 #include <algorithm>
 #include <array>
 
+#include "helpers/common/Numbers.h"
 #include "helpers/image/ImageHeaders.h"
-#include "helpers/image/Numbers.h"
 
 namespace marquell::helpers {
 namespace {
@@ -63,6 +63,7 @@ ImageHeader readTgaHeader(Input& input) {
     ImageHeader header;
     const Fields fields(input);
     setPixelSize(header, fields.at(12, 2), fields.at(14, 2));
+    header.colorModel = fields.type() == grey ? "Gray" : "RGB";
     const bool isFiveBit = fields.type() != grey && isOneOf(fields.colorBits(), {15, 16});
     header.depth = isFiveBit ? 5 : 8;
     return header;

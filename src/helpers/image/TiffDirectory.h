@@ -17,6 +17,7 @@ struct TiffDirectory {
     double width = 0;
     double height = 0;
     double depth = 0;
+    std::optional<double> photometric;  ///< the number of its way to tell colours
     std::optional<double> resolutionX;
     std::optional<double> resolutionY;
     double resolutionUnit = inches;

@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-#include "helpers/image/DecodedText.h"
+#include "helpers/common/DecodedText.h"
 #include "platform/ImageProperties.h"
 
 namespace marquell::helpers {
@@ -62,6 +62,7 @@ constexpr std::array fields = {
     Field{"Xmp.xmp.Rating", Key::kCGImagePropertyIPTCStarRating, Form::number},
     Field{"Xmp.xmpRights.UsageTerms", Key::kCGImagePropertyIPTCRightsUsageTerms},
     Field{"Xmp.iptc.Scene", Key::kCGImagePropertyIPTCScene},
+    Field{"Xmp.iptcExt.PersonInImage", Key::kCGImagePropertyIPTCExtPersonInImage},
 };
 
 /// The creator's contact, in the order of an address. Some programs write its members without the

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "helpers/light/RequestLoop.h"
+#include "helpers/process/RequestLoop.h"
 
 #include <sys/socket.h>
 #include <unistd.h>
@@ -17,7 +17,6 @@ namespace {
 using platform::HelperReply;
 using platform::HelperRequest;
 using platform::HelperStatus;
-using platform::HelperTask;
 
 enum class Received { request, end, nonsense };
 
@@ -55,8 +54,7 @@ Received receiveRequest(int socket, HelperRequest& request, int& descriptor) {
     if (length < 0) return Received::nonsense;
     descriptor = descriptorOf(message);
     if (descriptor < 0) return Received::nonsense;
-    if (length == sizeof(request) && request.magic == platform::helperMagic &&
-        request.task == HelperTask::image) {
+    if (length == sizeof(request) && request.magic == platform::helperMagic) {
         return Received::request;
     }
     ::close(descriptor);

@@ -6,8 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "helpers/image/ImageHeaders.h"
-#include "helpers/image/Input.h"
+#include "helpers/common/Input.h"
 
 namespace marquell::helpers {
 

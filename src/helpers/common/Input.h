@@ -10,6 +10,9 @@
 
 namespace marquell::helpers {
 
+/// The most segments, chunks, boxes or items of one file that are looked at, each kind by itself.
+inline constexpr std::size_t maximumSteps = 10'000;
+
 /// An untrusted file as the readers see it: bytes at offsets. Little reads near each other cost one
 /// system call together. One thread.
 class Input {

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "helpers/light/Confinement.h"
+#include "helpers/process/Confinement.h"
 
 #include <linux/landlock.h>
 #include <sys/prctl.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
-#include "helpers/light/Sanitized.h"
-#include "helpers/light/SystemCallFilter.h"
+#include "helpers/process/Sanitized.h"
+#include "helpers/process/SystemCallFilter.h"
 #include "platform/HelperProtocol.h"
 
 namespace marquell::helpers {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "helpers/light/Limits.h"
+#include "helpers/process/Limits.h"
 
 #include <fcntl.h>
 #include <poll.h>
@@ -11,7 +11,7 @@
 #include <array>
 #include <csignal>
 
-#include "helpers/light/Sanitized.h"
+#include "helpers/process/Sanitized.h"
 #include "platform/HelperProtocol.h"
 
 namespace marquell::helpers {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "helpers/light/SystemCallFilter.h"
+#include "helpers/process/SystemCallFilter.h"
 
 #include <fcntl.h>
 #include <linux/filter.h>
@@ -16,7 +16,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "helpers/light/RefusedCalls.h"
+#include "helpers/process/RefusedCalls.h"
 #include "platform/HelperProtocol.h"
 
 namespace marquell::helpers {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "helpers/image/Input.h"
+#include "helpers/common/Input.h"
 
 #include <sys/mman.h>
 #include <unistd.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "helpers/image/DecodedText.h"
+#include "helpers/common/DecodedText.h"
 
 #include <iconv.h>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "helpers/image/IsoBoxes.h"
+#include "helpers/common/IsoBoxes.h"
 
 #include <algorithm>
 
-#include "helpers/image/Numbers.h"
+#include "helpers/common/Numbers.h"
 
 namespace marquell::helpers {
 
