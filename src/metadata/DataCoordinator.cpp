@@ -43,8 +43,6 @@ DataCoordinator& DataCoordinator::shared() {
     return coordinator;
 }
 
-bool DataCoordinator::delivers(MetadataSource source) { return extractionOf(source) != nullptr; }
-
 void DataCoordinator::retrieveDataAsynchronously(std::shared_ptr<Node> node,
                                                  MetadataSource source) {
     const Extraction* extraction = extractionOf(source);

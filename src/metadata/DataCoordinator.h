@@ -27,9 +27,6 @@ public:
 
     static DataCoordinator& shared();
 
-    /// Whether anything here delivers the source's values.
-    static bool delivers(MetadataSource source);
-
     /// Has the source run for the node on the coordinator's own thread; at its end the node's
     /// observers are told. One extraction runs at a time. Of the waiting requests the order is
     /// priority (basic information first), then those whose observers still exist, then the newest;

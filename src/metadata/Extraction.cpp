@@ -4,9 +4,11 @@
 #include <algorithm>
 #include <array>
 
+#include "metadata/AVKitHelper.h"
 #include "metadata/GetBasicInformationOperation.h"
 #include "metadata/HashesHelper.h"
 #include "metadata/ImageIOHelper.h"
+#include "metadata/SpotlightHelper.h"
 
 namespace marquell::metadata {
 namespace {
@@ -30,16 +32,20 @@ void retrieveHashes(std::span<Node* const> nodes, const NodeFinished& finished,
     }
 }
 
-void retrieveImages(std::span<Node* const> nodes, const NodeFinished& finished,
-                    const StopCheck& shouldStop) {
-    ImageIOHelper::shared().retrieveAndStoreAllTagsFor(nodes, finished, shouldStop);
+/// By one of the helpers that take several nodes together.
+template <typename Helper>
+void retrieveTogether(std::span<Node* const> nodes, const NodeFinished& finished,
+                      const StopCheck& shouldStop) {
+    Helper::shared().retrieveAndStoreAllTagsFor(nodes, finished, shouldStop);
 }
 
 // Looking at an entry takes a microsecond. A helper answers within fifty to several hundred, and
 // has two requests under way per core at the very least. A file's content may take minutes.
 constexpr std::array extractions = {
     Extraction{MetadataSource::basic, 4, 256, &retrieveBasic},
-    Extraction{MetadataSource::imageIO, 0, 16, &retrieveImages},
+    Extraction{MetadataSource::imageIO, 0, 16, &retrieveTogether<ImageIOHelper>},
+    Extraction{MetadataSource::avKit, 0, 16, &retrieveTogether<AVKitHelper>},
+    Extraction{MetadataSource::spotlight, 0, 16, &retrieveTogether<SpotlightHelper>},
     Extraction{MetadataSource::hashes, 0, 1, &retrieveHashes},
 };
 

@@ -27,7 +27,7 @@ struct Extraction {
                      const pipeline::StopCheck& shouldStop);
 };
 
-/// Null for a source that has no values yet.
+/// Null for a source that delivers nothing.
 const Extraction* extractionOf(MetadataSource source);
 
 }  // namespace marquell::metadata

@@ -2,34 +2,21 @@
 #include "metadata/ImageIOHelper.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <optional>
 #include <utility>
 
-#include "metadata/LightReaders.h"
+#include "metadata/FileReaders.h"
 #include "metadata/MetadataStorage.h"
 #include "pipeline/TextHelpers.h"
 #include "platform/DateParser.h"
 #include "platform/NumberText.h"
-#include "platform/Path.h"
-#include "platform/ReadFailures.h"
 
 namespace marquell::metadata {
 namespace {
 
 using pipeline::Node;
-using platform::HelperOutcome;
 using platform::PropertyDictionary;
 using platform::PropertyValue;
-
-std::string lowerCaseExtension(const Node& node) {
-    std::string extension(
-        platform::splitExtension(platform::lastPathComponent(node.absolutePath())).extension);
-    for (char& letter : extension) {
-        if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
-    }
-    return extension;
-}
 
 bool isSupported(std::string_view extension) {
     const auto types = ImageIOHelper::supportedFileTypes();
@@ -40,7 +27,8 @@ bool isSupported(std::string_view extension) {
 std::optional<platform::HelperJob> jobFor(const Node& node) {
     std::string extension = lowerCaseExtension(node);
     if (!isSupported(extension)) return std::nullopt;
-    return platform::HelperJob{std::string(node.absolutePath()), std::move(extension)};
+    return platform::HelperJob{std::string(node.absolutePath()), std::move(extension),
+                               platform::HelperTask::image};
 }
 
 struct StoredForm {
@@ -85,10 +73,6 @@ void ImageIOHelper::setWantedColumns(std::span<const std::string> ids) {
     });
 }
 
-void ImageIOHelper::endReaders() {
-    if (hasRead_) readers_().endIdle();
-}
-
 void ImageIOHelper::extract(const PathKey& path, const PropertyDictionary& fromDic,
                             ExtractionModel withInstructions) {
     std::vector<KeyedValue> values;
@@ -102,50 +86,14 @@ void ImageIOHelper::extract(const PathKey& path, const PropertyDictionary& fromD
     if (!values.empty()) MetadataStorage::shared().store(path, MetadataSource::imageIO, values);
 }
 
-void ImageIOHelper::receive(const Node& node, const platform::HelperJob& job, HelperOutcome outcome,
-                            const PropertyDictionary& properties) const {
-    switch (outcome) {
-        case HelperOutcome::values:
-            extract(node.pathKey(), properties, instructions_);
-            break;
-        case HelperOutcome::givenUp:
-            platform::reportReadFailure(node.absolutePath(), platform::ReadFailure::readerFailed);
-            break;
-        case HelperOutcome::unavailable:
-            platform::reportReadFailure(readers_().program(),
-                                        platform::ReadFailure::readersUnavailable);
-            break;
-        case HelperOutcome::unreadable:
-            if (job.error != 0) platform::reportReadFailure(job.path, job.error);
-            break;
-        case HelperOutcome::nothing:
-        case HelperOutcome::stopped:
-            break;
-    }
-}
-
 void ImageIOHelper::retrieveAndStoreAllTagsFor(std::span<Node* const> nodes,
                                                const NodeFinished& finished,
                                                const pipeline::StopCheck& shouldStop) {
-    std::vector<platform::HelperJob> jobs;
-    std::vector<std::size_t> places;  // among the nodes, of each job
-    for (std::size_t i = 0; i < nodes.size() && !shouldStop(); ++i) {
-        if (auto job = jobFor(*nodes[i])) {
-            jobs.push_back(*std::move(job));
-            places.push_back(i);
-        } else {
-            finished(i);
-        }
-    }
-    if (jobs.empty()) return;
-    hasRead_ = true;
-    readers_().read(
-        platform::HelperTask::image, jobs,
-        [&](std::size_t job, HelperOutcome outcome, const PropertyDictionary& properties) {
-            receive(*nodes[places[job]], jobs[job], outcome, properties);
-            if (outcome != HelperOutcome::stopped) finished(places[job]);
-        },
-        shouldStop);
+    const HelperRetrieval retrieval = {
+        &jobFor, [this](const Node& node, const PropertyDictionary& properties) {
+            extract(node.pathKey(), properties, instructions_);
+        }};
+    retrieveByHelpers(retrieval, readers_, nodes, finished, shouldStop);
 }
 
 }  // namespace marquell::metadata

@@ -1,18 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <atomic>
-#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "metadata/Extraction.h"
+#include "metadata/HelperRetrieval.h"
 #include "metadata/PathKey.h"
 #include "pipeline/KeySort.h"
 #include "pipeline/Node.h"
-#include "platform/HelperPool.h"
 #include "platform/ImageProperties.h"
 #include "platform/PropertyDictionary.h"
 
@@ -31,10 +29,6 @@ public:
         Transformation transformation;
     };
     using ExtractionModel = std::span<const Instruction>;
-
-    /// Gives the processes to read with, which must outlive this. Asked when there is a file to
-    /// read: even to look for their program would be too early.
-    using Readers = std::function<platform::HelperPool&()>;
 
     explicit ImageIOHelper(Readers readers);
     static ImageIOHelper& shared();
@@ -59,9 +53,6 @@ public:
                                     const NodeFinished& finished,
                                     const pipeline::StopCheck& shouldStop);
 
-    /// Ends the processes, if any were started; for a program that is about to end.
-    void endReaders();
-
     /// Stores what the instructions name and the dictionary has: a number as plain decimal text, a
     /// text as it is, a list of texts as comma-separated text, a date from its text; a list of
     /// numbers and a broken date not at all.
@@ -69,12 +60,7 @@ public:
                         ExtractionModel withInstructions);
 
 private:
-    void receive(const pipeline::Node& node, const platform::HelperJob& job,
-                 platform::HelperOutcome outcome,
-                 const platform::PropertyDictionary& properties) const;
-
     const Readers readers_;
-    std::atomic<bool> hasRead_ = false;
     std::vector<Instruction> instructions_;  ///< of all models, as far as they are wanted
 };
 

@@ -23,7 +23,6 @@ std::vector<MetadataSource> neededSources(const std::vector<Column>& columns) {
     std::vector<MetadataSource> sources;
     for (const Column& column : columns) {
         if (column.origin != Column::Origin::source) continue;
-        if (!DataCoordinator::delivers(*column.source)) continue;
         if (std::find(sources.begin(), sources.end(), *column.source) == sources.end()) {
             sources.push_back(*column.source);
         }

@@ -90,7 +90,7 @@ private:
             std::iota(positions.begin() + static_cast<std::ptrdiff_t>(old), positions.end(),
                       run.begin);
         }
-        const std::size_t grain = maker.readsMetadata() ? 64 : 8192;
+        const std::size_t grain = maker.column().empty() ? 8192 : 64;
         platform::forRanges(positions.size(), grain, [&](std::size_t begin, std::size_t end) {
             KeyBlock keys;
             std::string key;

@@ -87,7 +87,6 @@ DisplayStringWrapper Node::getDisplayString(std::string_view forMetaDataKey) {
         }
         return wrapper(*own);
     }
-    if (!DataCoordinator::delivers(*column.source)) return {};
     const auto value =
         MetadataStorage::shared().getValueIfRetrieved(pathKey(), column.key, *column.source);
     if (value) return wrapper(*value);
@@ -98,14 +97,13 @@ DisplayStringWrapper Node::getDisplayString(std::string_view forMetaDataKey) {
 WrappedMetaDataValue Node::extractedValueSync(const Column& column) {
     if (!column.source) return None{};
     MetadataStorage& storage = MetadataStorage::shared();
-    do {
+    for (;;) {
         if (auto value = storage.getValueIfRetrieved(pathKey(), column.key, *column.source)) {
             return std::move(*value);
         }
+        // Goes round once more if the store was cleared just now.
         DataCoordinator::shared().retrieveDataSynchronously(*this, *column.source);
-        // Once more if the store was cleared just now.
-    } while (DataCoordinator::delivers(*column.source));
-    return storage.getWrappedValue(pathKey(), column.key, *column.source);
+    }
 }
 
 WrappedMetaDataValue Node::getWrappedValueSync(const Column& column) {

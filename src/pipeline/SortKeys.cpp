@@ -91,57 +91,62 @@ void appendName(std::string& key, Node& node) { appendText(key, node, node.name(
 
 void appendPath(std::string& key, Node& node) { appendText(key, node, node.absolutePath()); }
 
+constexpr std::string_view creation = "creation_date";
+constexpr std::string_view modification = "modification_date";
+constexpr std::string_view contentCreation = "contentcreationdate";
+constexpr std::string_view size = "size";
+constexpr std::string_view noColumn;  // of what comes from the path
+
 void appendCreation(std::string& key, Node& node) {
-    static const Column column("creation_date");
+    static const Column column(creation);
     appendDate(key, node, column);
 }
 
 void appendModification(std::string& key, Node& node) {
-    static const Column column("modification_date");
+    static const Column column(modification);
     appendDate(key, node, column);
 }
 
 void appendContentCreation(std::string& key, Node& node) {
-    static const Column column("contentcreationdate");
+    static const Column column(contentCreation);
     appendDate(key, node, column);
 }
 
 void appendSize(std::string& key, Node& node) {
-    static const Column column("size");
+    static const Column column(size);
     appendSigned(key, node.getIntValueSync(column));
 }
 
 enum class Direction { ascending, descending };
-enum class KeyOrigin { path, metadata };
 
 }  // namespace
 
 struct SortKeyMaker::Mode {
     void (*append)(std::string& key, Node& node);
     Direction direction;
-    KeyOrigin origin;
+    std::string_view column;  ///< that the keys come from
 };
 
 namespace {
 
 /// By mode. Dates start with the newest, texts and sizes with the lowest.
 constexpr std::array<SortKeyMaker::Mode, 16> modes = {{
-    {&appendSmartName, Direction::ascending, KeyOrigin::path},
-    {&appendSmartName, Direction::descending, KeyOrigin::path},
-    {&appendSmartPath, Direction::ascending, KeyOrigin::path},
-    {&appendSmartPath, Direction::descending, KeyOrigin::path},
-    {&appendCreation, Direction::descending, KeyOrigin::metadata},
-    {&appendCreation, Direction::ascending, KeyOrigin::metadata},
-    {&appendModification, Direction::descending, KeyOrigin::metadata},
-    {&appendModification, Direction::ascending, KeyOrigin::metadata},
-    {&appendContentCreation, Direction::descending, KeyOrigin::metadata},
-    {&appendContentCreation, Direction::ascending, KeyOrigin::metadata},
-    {&appendSize, Direction::ascending, KeyOrigin::metadata},
-    {&appendSize, Direction::descending, KeyOrigin::metadata},
-    {&appendName, Direction::ascending, KeyOrigin::path},
-    {&appendName, Direction::descending, KeyOrigin::path},
-    {&appendPath, Direction::ascending, KeyOrigin::path},
-    {&appendPath, Direction::descending, KeyOrigin::path},
+    {&appendSmartName, Direction::ascending, noColumn},
+    {&appendSmartName, Direction::descending, noColumn},
+    {&appendSmartPath, Direction::ascending, noColumn},
+    {&appendSmartPath, Direction::descending, noColumn},
+    {&appendCreation, Direction::descending, creation},
+    {&appendCreation, Direction::ascending, creation},
+    {&appendModification, Direction::descending, modification},
+    {&appendModification, Direction::ascending, modification},
+    {&appendContentCreation, Direction::descending, contentCreation},
+    {&appendContentCreation, Direction::ascending, contentCreation},
+    {&appendSize, Direction::ascending, size},
+    {&appendSize, Direction::descending, size},
+    {&appendName, Direction::ascending, noColumn},
+    {&appendName, Direction::descending, noColumn},
+    {&appendPath, Direction::ascending, noColumn},
+    {&appendPath, Direction::descending, noColumn},
 }};
 
 }  // namespace
@@ -164,7 +169,7 @@ bool SortKeyMaker::hasSameKeyAs(const SortKeyMaker& other) const {
     return mode_->append == other.mode_->append;
 }
 
-bool SortKeyMaker::readsMetadata() const { return mode_->origin == KeyOrigin::metadata; }
+std::string_view SortKeyMaker::column() const { return mode_->column; }
 
 void SortKeyMaker::append(std::string& key, Node& node) const { mode_->append(key, node); }
 

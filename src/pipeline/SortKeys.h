@@ -20,8 +20,9 @@ public:
     bool isKnown() const { return mode_ != nullptr; }
     bool isDescending() const;
     bool hasSameKeyAs(const SortKeyMaker& other) const;
-    /// Whether keys come from metadata, so that making one may read the disk.
-    bool readsMetadata() const;
+    /// The column that keys come from, so that making one may read the file; empty if the path
+    /// says all.
+    std::string_view column() const;
 
     /// Appends the node's key; extracts what it needs on the caller's thread. Any thread.
     void append(std::string& key, Node& node) const;

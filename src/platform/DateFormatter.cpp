@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cinttypes>
+#include <cstdio>
 
 #include "platform/IcuLocale.h"
 
@@ -108,6 +110,14 @@ void DateFormatter::append(std::string& text, const Date& date) {
     }
     text.append(written.view());
     if (style_ == DateStyle::dateAndTimeWithAmPm) text.append(civil.hour < 12 ? " AM" : " PM");
+}
+
+std::string dateDescription(const Date& date) {
+    const CivilTime time = civilTime(date.seconds);
+    std::array<char, 64> text{};
+    std::snprintf(text.data(), text.size(), "%04" PRId64 "-%02u-%02u %02u:%02u:%02u +0000",
+                  time.year, time.month, time.day, time.hour, time.minute, time.second);
+    return text.data();
 }
 
 }  // namespace marquell::platform

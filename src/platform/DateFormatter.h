@@ -34,4 +34,7 @@ private:
     std::unique_ptr<LocaleFormat> localeFormat_;  ///< there once it is needed
 };
 
+/// A date for diagnostics: "2024-03-09 14:05:07 +0000", in UTC. Any thread.
+std::string dateDescription(const Date& date);
+
 }  // namespace marquell::platform

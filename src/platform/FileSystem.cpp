@@ -135,6 +135,18 @@ std::optional<std::string> readAttribute(const std::function<ssize_t(char*, size
     }
 }
 
+std::optional<EntryAttributes> entryAttributes(const std::string& path, int flags, int& error) {
+    struct statx status = {};
+    constexpr unsigned wanted = STATX_TYPE | STATX_SIZE | STATX_MTIME | STATX_BTIME;
+    if (!statxAt(reach(path), flags, wanted, status, error)) return std::nullopt;
+    EntryAttributes attributes;
+    attributes.type = status.stx_mode & S_IFMT;
+    attributes.size = static_cast<std::int64_t>(status.stx_size);
+    if ((status.stx_mask & STATX_BTIME) != 0) attributes.creation = dateOf(status.stx_btime);
+    if ((status.stx_mask & STATX_MTIME) != 0) attributes.modification = dateOf(status.stx_mtime);
+    return attributes;
+}
+
 }  // namespace
 
 EntryKind kindOf(const std::string& path) {
@@ -150,14 +162,11 @@ bool entryExists(const std::string& path, int& error) {
 }
 
 std::optional<EntryAttributes> attributesOf(const std::string& path, int& error) {
-    struct statx status = {};
-    constexpr unsigned wanted = STATX_SIZE | STATX_MTIME | STATX_BTIME;
-    if (!statxAt(reach(path), AT_SYMLINK_NOFOLLOW, wanted, status, error)) return std::nullopt;
-    EntryAttributes attributes;
-    attributes.size = static_cast<std::int64_t>(status.stx_size);
-    if ((status.stx_mask & STATX_BTIME) != 0) attributes.creation = dateOf(status.stx_btime);
-    if ((status.stx_mask & STATX_MTIME) != 0) attributes.modification = dateOf(status.stx_mtime);
-    return attributes;
+    return entryAttributes(path, AT_SYMLINK_NOFOLLOW, error);
+}
+
+std::optional<EntryAttributes> targetAttributesOf(const std::string& path, int& error) {
+    return entryAttributes(path, 0, error);
 }
 
 std::optional<std::string> realPath(const std::string& path, int& error) {

@@ -22,16 +22,19 @@ EntryKind kindOf(const std::string& path);
 /// Whether there is an entry of that name, be it a dangling link. `error` receives errno if not.
 bool entryExists(const std::string& path, int& error);
 
-/// What the file system says of an entry itself: of a link, not of its target. A date that the
-/// file system doesn't keep is absent.
+/// What the file system says of an entry. A date that the file system doesn't keep is absent.
 struct EntryAttributes {
     std::int64_t size = 0;
     std::optional<Date> creation;
     std::optional<Date> modification;
+    unsigned type = 0;  ///< S_IFREG and so on
 };
 
-/// Absent on failure, with errno in `error`.
+/// Of a link itself. Absent on failure, with errno in `error`.
 std::optional<EntryAttributes> attributesOf(const std::string& path, int& error);
+
+/// The same of what a link leads to.
+std::optional<EntryAttributes> targetAttributesOf(const std::string& path, int& error);
 
 /// The path of what a path leads to, with all links resolved. Absent on failure, with errno in
 /// `error`; ENAMETOOLONG for paths that would have to be reached in pieces.

@@ -23,7 +23,7 @@ public:
     Implementation& operator=(const Implementation&) = delete;
     ~Implementation();
 
-    void read(HelperTask task, std::span<HelperJob> jobs, const Receiver& receive,
+    void read(std::span<HelperJob> jobs, const Receiver& receive,
               const std::function<bool()>& shouldStop);
 
     std::optional<std::uint32_t> protections();
@@ -84,10 +84,9 @@ HelperPool::Implementation::~Implementation() {
     for (std::thread& thread : janitor_) thread.join();
 }
 
-void HelperPool::Implementation::read(HelperTask task, std::span<HelperJob> jobs,
-                                      const Receiver& receive,
+void HelperPool::Implementation::read(std::span<HelperJob> jobs, const Receiver& receive,
                                       const std::function<bool()>& shouldStop) {
-    HelperReading reading(settings_, health_, givenUp_, task, jobs, receive, shouldStop);
+    HelperReading reading(settings_, health_, givenUp_, jobs, receive, shouldStop);
     if (!reading.begin()) return;
     if (!waitForTurn(shouldStop)) return reading.endAll(HelperOutcome::stopped);
     Turn turn(*this);
@@ -200,9 +199,9 @@ HelperPool::HelperPool(Settings settings)
 
 HelperPool::~HelperPool() = default;
 
-void HelperPool::read(HelperTask task, std::span<HelperJob> jobs, const Receiver& receive,
+void HelperPool::read(std::span<HelperJob> jobs, const Receiver& receive,
                       const std::function<bool()>& shouldStop) {
-    implementation_->read(task, jobs, receive, shouldStop);
+    implementation_->read(jobs, receive, shouldStop);
 }
 
 bool HelperPool::isUnavailable() const { return implementation_->health().isUnavailable(); }

@@ -30,7 +30,8 @@ enum class HelperOutcome {
 struct HelperJob {
     std::string path;
     std::string extension;  ///< of its name, lower case, without the dot; a hint
-    int error = 0;          ///< errno of what is unreadable; 0 if it is no regular file
+    HelperTask task = HelperTask::image;
+    int error = 0;  ///< errno of what is unreadable; 0 if it is no regular file
 };
 
 /// Helper processes of one program that read untrusted files for this one: a file that crashes its
@@ -66,7 +67,7 @@ public:
     /// Has a helper read the jobs, several under way at once, and returns when all have ended.
     /// Waits for a process to be free. Any thread, several at once. `shouldStop` is asked every
     /// tenth of a second or so and between replies; once true, what is left ends as `stopped`.
-    void read(HelperTask task, std::span<HelperJob> jobs, const Receiver& receive,
+    void read(std::span<HelperJob> jobs, const Receiver& receive,
               const std::function<bool()>& shouldStop);
 
     /// Whether helpers were given up for good: three in a row did not get as far as their first

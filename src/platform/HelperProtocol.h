@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 #include "platform/PropertyDictionary.h"
 
@@ -21,8 +22,18 @@ inline constexpr int helperLifeline = 4;
 
 inline constexpr std::uint32_t helperMagic = 0x4d715231;
 
+/// What is to be read of a file, and so who can: the first ones the light helper, from `streams` on
+/// the heavy one, whose libraries take longer to load.
 enum class HelperTask : std::uint32_t {
-    image = 1,  ///< answered with properties by ImagePropertyKey
+    image = 1,     ///< answered with properties by ImagePropertyKey
+    soundTags,     ///< by AudioVisualPropertyKey
+    imageIndex,    ///< by IndexAttribute, as all of the following
+    soundIndex,    ///< of sound files whose headers say all: WAV, AIFF, CAF, AU, FLAC
+    packageIndex,  ///< of documents that are ZIP files: OOXML, ODF, EPUB
+    webPageIndex,
+    messageIndex,  ///< of e-mail
+    streamIndex,   ///< of all other sound and video files
+    pdfIndex,
 };
 
 /// One message with exactly one descriptor beside it: the file, open for reading. Its offset is
@@ -36,6 +47,11 @@ struct HelperRequest {
     /// longer. A hint for kinds without a signature, and untrusted like the content.
     std::array<char, 16> extension{};
 };
+
+inline std::string_view extensionOf(const HelperRequest& request) {
+    const std::string_view padded(request.extension.data(), request.extension.size());
+    return padded.substr(0, padded.find('\0'));
+}
 
 enum class HelperStatus : std::uint32_t {
     ready = 1,    ///< sent once at start, unasked, with id 0: the protections are in place

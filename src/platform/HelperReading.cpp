@@ -28,13 +28,12 @@ constexpr auto longestShortage = std::chrono::seconds(1);
 }  // namespace
 
 HelperReading::HelperReading(const HelperPool::Settings& settings, HelperHealth& health,
-                             HelperGivenUpFiles& givenUp, HelperTask task,
-                             std::span<HelperJob> jobs, const HelperPool::Receiver& receive,
+                             HelperGivenUpFiles& givenUp, std::span<HelperJob> jobs,
+                             const HelperPool::Receiver& receive,
                              const std::function<bool()>& shouldStop)
     : settings_(settings),
       health_(health),
       givenUp_(givenUp),
-      task_(task),
       jobs_(jobs),
       receive_(receive),
       shouldStop_(shouldStop),
@@ -154,7 +153,7 @@ HelperStream::Sending HelperReading::sendRequest(HelperStream& stream, std::size
     const HelperJob& job = jobs_[index];
     const RegularFile& file = files_[index];
     HelperRequest request;
-    request.task = task_;
+    request.task = jobs_[index].task;
     request.size = static_cast<std::uint64_t>(file.status.st_size);
     if (job.extension.size() <= request.extension.size()) {
         std::copy(job.extension.begin(), job.extension.end(), request.extension.begin());

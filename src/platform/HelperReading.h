@@ -25,7 +25,7 @@ namespace marquell::platform {
 class HelperReading {
 public:
     HelperReading(const HelperPool::Settings& settings, HelperHealth& health,
-                  HelperGivenUpFiles& givenUp, HelperTask task, std::span<HelperJob> jobs,
+                  HelperGivenUpFiles& givenUp, std::span<HelperJob> jobs,
                   const HelperPool::Receiver& receive, const std::function<bool()>& shouldStop);
 
     /// Ends what needs no helper, up to the first job that does. False if that was all.
@@ -58,7 +58,6 @@ private:
     const HelperPool::Settings& settings_;
     HelperHealth& health_;
     HelperGivenUpFiles& givenUp_;
-    const HelperTask task_;
     const std::span<HelperJob> jobs_;
     const HelperPool::Receiver& receive_;
     const std::function<bool()>& shouldStop_;

@@ -23,8 +23,8 @@ public:
             case ReadFailure::readerFailed:
                 return "its content was given up: the process that read it crashed or hung";
             case ReadFailure::readersUnavailable:
-                return "this reader of pictures does not start: their columns are not filled, or "
-                       "not any further";
+                return "this reader of files does not start: its columns are not filled, or not "
+                       "any further";
         }
         return "unknown failure";
     }

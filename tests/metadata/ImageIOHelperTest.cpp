@@ -169,5 +169,29 @@ TEST(DateParser, TakesRealDatesOfOneFormOnly) {
     }
 }
 
+TEST(DateParser, TakesIsoDatesOfAnyPrecision) {
+    using platform::parseIsoDate;
+    const tests::Environment zone{{"TZ", "Europe/Berlin"}};
+    ::tzset();
+    const std::pair<std::string, platform::Date> dates[] = {
+        {"2024", {1704063600, 0}},
+        {"2024-07", {1719784800, 0}},
+        {"2024-07-01", {1719784800, 0}},
+        {" 2024-07-01T12:00 ", {1719828000, 0}},
+        {"2024-07-01 12:00:00.25", {1719828000, 250'000'000}},
+        {"2024-07-01T12:00:00Z", {1719835200, 0}},
+        {"2024-07-01T12:00:00.1234567891+05:30", {1719815400, 123'456'789}},
+        {"2024-07-01T12-0130", {1719840600, 0}},
+        {"2016-12-31T23:59:60Z", {1483228799, 0}},
+        {"2024-07-01T12:00:00 +02", {1719828000, 0}}};
+    for (const auto& [text, date] : dates) EXPECT_EQ(parseIsoDate(text), date) << text;
+    for (const char* text :
+         {"", "24", "2024-", "2024-7-1", "2024-13", "2023-02-29", "2024-01-01T", "2024-01-01T24:00",
+          "2024-01-01T12:60", "2024-01-01T12:00+", "2024-01-01T12:00+24:00", "2024-01-01x",
+          "2024/01/01", "-2024-01-01"}) {
+        EXPECT_FALSE(parseIsoDate(text)) << text;
+    }
+}
+
 }  // namespace
 }  // namespace marquell::metadata

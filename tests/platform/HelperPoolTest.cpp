@@ -93,7 +93,7 @@ protected:
             const bool hasText = outcome == HelperOutcome::values;
             results[index] = {outcome, hasText ? std::get<std::string>(properties.at(1)) : ""};
         };
-        pool.read(HelperTask::image, jobs, receive, [&] { return shouldStop(calls); });
+        pool.read(jobs, receive, [&] { return shouldStop(calls); });
         EXPECT_EQ(calls, jobs.size());
         std::vector<Result> all;
         for (std::size_t index = 0; index < jobs.size(); ++index) all.push_back(results[index]);

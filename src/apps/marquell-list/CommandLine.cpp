@@ -272,7 +272,8 @@ std::string helpText() {
            "options "
            "beside\n"
            "                           this one win\n"
-           "  -q, --quiet              no progress and no hints; what could not be read is named\n"
+           "  -q, --quiet              no progress and no remarks; what could not be read is "
+           "named\n"
            "      --help, --version    print this, or the version\n"
            "\n"
            "Settings: " +

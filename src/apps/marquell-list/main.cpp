@@ -8,24 +8,27 @@
 #include <cstdlib>
 #include <cstring>
 #include <new>
-#include <set>
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 #include "ColumnArguments.h"
 #include "CommandLine.h"
+#include "ConsoleLines.h"
 #include "ExitStatus.h"
 #include "FailureCollector.h"
 #include "ListRun.h"
 #include "Messages.h"
 #include "ProgressLine.h"
 #include "formats/OutputFormatType.h"
-#include "metadata/DataCoordinator.h"
+#include "metadata/AVKitHelper.h"
+#include "metadata/FileReaders.h"
 #include "metadata/HashesHelper.h"
 #include "metadata/ImageIOHelper.h"
-#include "metadata/LightReaders.h"
+#include "metadata/SpotlightHelper.h"
 #include "metadata/TagManager.h"
+#include "pipeline/SortKeys.h"
 #include "platform/AtomicFile.h"
 #include "platform/DescriptorIo.h"
 #include "platform/HelperProtocol.h"
@@ -80,36 +83,47 @@ std::string lackingCharacter(formats::OutputFormatOperationType& output,
            "); UTF-8 (encodingMode=0) has all characters";
 }
 
-/// Tells of columns that stay empty because nothing delivers their source.
-void hintAtUndeliveredColumns(const pipeline::DataModelSnapshot& snapshot) {
-    std::string columns;
-    for (const auto& id : std::set(snapshot.columnList.begin(), snapshot.columnList.end())) {
-        const pipeline::Column column(id);
-        if (column.origin != pipeline::Column::Origin::source) continue;
-        if (metadata::DataCoordinator::delivers(*column.source)) continue;
-        columns.append(columns.empty() ? "" : ", ").append(id);
+/// Those of the list, and those that its order comes from.
+std::vector<std::string> neededColumns(const pipeline::DataModelSnapshot& snapshot) {
+    std::vector<std::string> columns(snapshot.columnList.begin(), snapshot.columnList.end());
+    for (const int mode : {snapshot.firstSortMode, snapshot.secondSortMode}) {
+        const pipeline::SortKeyMaker keys(mode);
+        if (keys.isKnown()) columns.emplace_back(keys.column());
     }
-    if (!columns.empty()) printMessage("no values yet for these columns: " + columns);
+    return columns;
+}
+
+/// The process ends with this list: nobody will ask for other columns.
+void restrictToColumns(const std::vector<std::string>& columns) {
+    metadata::HashesHelper::shared().setWantedDigests(columns);
+    metadata::ImageIOHelper::shared().setWantedColumns(columns);
+    metadata::AVKitHelper::shared().setWantedColumns(columns);
+    metadata::SpotlightHelper::shared().setWantedColumns(columns);
 }
 
 /// How well the processes are confined that read untrusted files.
-std::string readersLine() {
-    const auto protections = metadata::lightReaders().protections();
-    metadata::lightReaders().endIdle();
-    if (!protections) return "readers of files: none start\n";
+std::string readersLine(std::string_view kind, platform::HelperPool& readers) {
+    std::string line = std::string(kind) + " readers of files: ";
+    const auto protections = readers.protections();
+    if (!protections) return line + "none start\n";
     const bool isFiltered = (*protections & platform::systemCallFilter) != 0;
     const bool isRuled = (*protections & platform::fileSystemRules) != 0;
-    if (!isFiltered && !isRuled) return "readers of files: not confined by the kernel\n";
-    return std::string("readers of files: confined by ") +
-           (isFiltered ? "a system call filter" : "") + (isFiltered && isRuled ? " and " : "") +
-           (isRuled ? "file system rules" : "") + "\n";
+    if (!isFiltered && !isRuled) return line + "not confined by the kernel\n";
+    return line + "confined by " + (isFiltered ? "a system call filter" : "") +
+           (isFiltered && isRuled ? " and " : "") + (isRuled ? "file system rules" : "") + "\n";
+}
+
+std::string versionText() {
+    std::string text = "marquell-list " MARQUELL_VERSION "\n";
+    text += readersLine("light", metadata::lightReaders());
+    text += readersLine("heavy", metadata::heavyReaders());
+    metadata::endFileReaders();
+    return text;
 }
 
 struct RequestRunner {
     ExitStatus operator()(const HelpRequest&) const { return print(helpText()); }
-    ExitStatus operator()(const VersionRequest&) const {
-        return print("marquell-list " MARQUELL_VERSION "\n" + readersLine());
-    }
+    ExitStatus operator()(const VersionRequest&) const { return print(versionText()); }
     ExitStatus operator()(const CatalogueRequest&) const { return print(catalogueText()); }
     ExitStatus operator()(const UsageProblem& problem) const {
         printMessage(problem.message);
@@ -123,11 +137,9 @@ struct RequestRunner {
             if (error != 0) return notDelivered(request.outputFile, std::strerror(error));
         }
         if (request.jobs) platform::setWorkerCount(*request.jobs);
-        if (!request.quiet) hintAtUndeliveredColumns(request.snapshot);
-        // The process ends with this list: nobody will ask for the others.
-        metadata::HashesHelper::shared().setWantedDigests(request.snapshot.columnList);
-        metadata::ImageIOHelper::shared().setWantedColumns(request.snapshot.columnList);
+        restrictToColumns(neededColumns(request.snapshot));
         const FailureCollector failures;
+        const ConsoleLines console(request.quiet);
         // The run outlives the delivery, so that a list of millions is given back meanwhile.
         ListRun run;
         const auto output = makeText(run, request);
@@ -137,7 +149,7 @@ struct RequestRunner {
         }
         const bool anyFailures = failures.report() || !request.settingsProblems.empty();
         const ExitStatus delivered = deliver(*output, request.outputFile);
-        metadata::ImageIOHelper::shared().endReaders();
+        metadata::endFileReaders();
         if (delivered != ExitStatus::success || !anyFailures) return delivered;
         return ExitStatus::incomplete;
     }
