@@ -49,7 +49,6 @@ LIBRARIES = {
     "lcms2": (r"lcms2", ["helpers"]),
     "libheif": (r"libheif/", ["helpers"]),
     "TagLib": (r"taglib/", ["helpers"]),
-    "libzip": (r"zip(conf)?\.h$", ["helpers"]),
     "zlib": (r"zlib\.h$", ["helpers"]),
     "pugixml": (r"pugi", ["helpers"]),
     "FFmpeg": (r"lib(av|sw)\w+/", ["helpers"]),

@@ -13,7 +13,7 @@ import subprocess
 import sys
 from pathlib import Path
 
-from seeds import IMAGES, REPLIES, WORDS
+from seeds import ID3_TAGS, IMAGES, MESSAGES, PACKAGES, REPLIES, SOUND_FILES, WEB_PAGES, WORDS
 
 ROOT = Path(__file__).resolve().parent.parent.parent
 BUILD = ROOT / "build" / "fuzz"
@@ -21,23 +21,38 @@ FLAGS = ["-std=c++20", "-O1", "-g", "-fsanitize=fuzzer,address,undefined",
          "-fno-sanitize-recover=all", f"-I{ROOT}/src"]
 
 
+def sources_of(*folders):
+    """The readers in folders of src/helpers, with what all readers use of the platform."""
+    found = [ROOT / f"src/platform/{name}.cpp"
+             for name in ("NumberText", "PropertyDictionary", "Utf8")]
+    for folder in folders:
+        found += sorted((ROOT / "src/helpers" / folder).glob("*.cpp"))
+    return found
+
+
 def header_sources():
     """The readers that do without Exiv2: they are far faster, and so get far more inputs."""
-    for source in sorted((ROOT / "src/helpers/image").glob("*.cpp")):
+    for source in sources_of("common", "image"):
         text = source.read_text()
         if not any(word in text for word in ("Exiv2", "ExifReader.h", "InputIo.h")):
             yield source
 
 
+def document_sources():
+    return [*sources_of("common", "documents"), ROOT / "src/helpers/sound/TagDate.cpp"]
+
+
 # Name -> sources, libraries, seeds.
 FUZZERS = {
-    "image_header": ([*header_sources(), ROOT / "src/platform/Utf8.cpp",
-                      ROOT / "src/platform/NumberText.cpp"], ["-llcms2"], IMAGES),
-    "image": ([*sorted((ROOT / "src/helpers/image").glob("*.cpp")), ROOT / "src/platform/Utf8.cpp",
-               ROOT / "src/platform/NumberText.cpp", ROOT / "src/platform/PropertyDictionary.cpp"],
-              ["-lexiv2", "-llcms2"], IMAGES),
+    "image_header": ([*header_sources()], ["-llcms2"], IMAGES),
+    "image": (sources_of("common", "image"), ["-lexiv2", "-llcms2"], IMAGES),
+    "id3": (sources_of("common", "sound"), ["-lz"], ID3_TAGS),
+    "sound": (sources_of("common", "sound"), ["-lz"], SOUND_FILES),
     "reply": ([ROOT / "src/platform/PropertyDictionary.cpp", ROOT / "src/platform/Utf8.cpp"],
               [], REPLIES),
+    "package": (document_sources(), ["-lpugixml", "-lz"], PACKAGES),
+    "web_page": (document_sources(), ["-lpugixml", "-lz"], WEB_PAGES),
+    "message": (document_sources(), ["-lpugixml", "-lz"], MESSAGES),
 }
 
 

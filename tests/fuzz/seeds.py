@@ -1,8 +1,17 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Small well-formed inputs that the fuzzers begin with."""
 
+import io
 import struct
+import sys
+import zipfile
 import zlib
+from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "support"))
+from document_bytes import DOCUMENTS  # noqa: E402
+from id3_bytes import full_tag  # noqa: E402
+from sound_bytes import FILES as SOUNDS  # noqa: E402
 
 
 def big(form, *numbers):
@@ -116,11 +125,32 @@ def value(key, kind, content):
     return struct.pack("=HHI", key, kind, len(content)) + content
 
 
+def packages():
+    members = {"docx": "docProps/core.xml", "odt": "meta.xml", "epub": "OEBPS/book.opf"}
+    for choice, (extension, member) in enumerate(members.items(), 1):
+        content = DOCUMENTS[extension](1)[0]
+        yield b"\0" + content
+        yield bytes([choice]) + zipfile.ZipFile(io.BytesIO(content)).read(member)
+
+
 IMAGES = [bytes([2]) + image for image in (jpeg(), png(), bmp(), webp(), psd(), jp2(),
                                            code_stream(), heif(), profile(), *old_formats())]
 REPLIES = [value(1, 1, struct.pack("=d", 0.5)) + value(2, 2, "é".encode())
            + value(3, 3, struct.pack("=I", 1) + b"a" + struct.pack("=I", 0))
            + value(9, 4, struct.pack("=dd", 1, 2)), b""]
+PACKAGES = [*packages()]
+WEB_PAGES = [DOCUMENTS["html"](1)[0]]
+MESSAGES = [DOCUMENTS["eml"](1)[0]]
+ID3_TAGS = [full_tag(version, *options)[0] for version, options in (
+    (2, ()), (2, (False, True)), (3, ()), (3, (True, True, True)), (4, ()),
+    (4, (True, True, True)))]
+SOUND_FILES = [build(1)[0] for build in SOUNDS.values()]
 WORDS = ("ICC_PROFILE JFIF acsp desc mluc IHDR iCCP pHYs IDAT VP8X ICCP 8BIM jp2h ihdr bpcc pclr "
          "colr resc resd ftyp heic mif1 msf1 avif meta pitm iinf infe iloc iprp ipco ipma ispe pixi "
-         "hvcC av1C iref cdsc dimg idat prof rICC Exif mime").split()
+         "hvcC av1C iref cdsc dimg idat prof rICC Exif mime "
+         "ID3 TT2 COM TXXX COMM USLT SYLT MCDI RVA2 TCON TYER TDAT APIC TAG "
+         "dc:title dc:creator cp:keywords cp:version dcterms:created meta:keyword dc:date refines "
+         "&amp; &#233; charset= iso-8859-2 http-equiv content og:title <title> </title> <script "
+         "From: Cc: Date: Subject: Keywords: =?utf-8?Q? =?utf-8?B? ?= =E2 GMT "
+         "moov udta ilst keys mdta data mvhd trak mdia mdhd loci kywd yrrc ---- RIFF RIFX RF64 ds64 "
+         "WAVE LIST INFO bext FORM AIFC COMM SSND COMT caff pakt fLaC").split()

@@ -75,7 +75,7 @@ void appendUtf16(std::string& text, std::string_view bytes, bool isBigEndian) {
 }
 
 /// What the C library converts, by its names.
-constexpr std::array<std::pair<Charset, const char*>, 9> convertedCharsets = {{
+constexpr std::array<std::pair<Charset, const char*>, 18> convertedCharsets = {{
     {Charset::jis, "ISO-2022-JP"},
     {Charset::latin2, "ISO-8859-2"},
     {Charset::latin3, "ISO-8859-3"},
@@ -85,6 +85,15 @@ constexpr std::array<std::pair<Charset, const char*>, 9> convertedCharsets = {{
     {Charset::greek, "ISO-8859-7"},
     {Charset::hebrew, "ISO-8859-8"},
     {Charset::latin5, "ISO-8859-9"},
+    {Charset::latin9, "ISO-8859-15"},
+    {Charset::windows1250, "WINDOWS-1250"},
+    {Charset::windows1251, "WINDOWS-1251"},
+    {Charset::koi8, "KOI8-U"},
+    {Charset::shiftJis, "CP932"},
+    {Charset::eucJp, "EUC-JP"},
+    {Charset::eucKr, "UHC"},
+    {Charset::gb18030, "GB18030"},
+    {Charset::big5, "BIG5-HKSCS"},
 }};
 
 /// The converters of this (single-threaded) process, never closed since they are loaded from files.

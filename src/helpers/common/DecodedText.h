@@ -6,7 +6,7 @@
 
 namespace marquell::helpers {
 
-// Texts of image files, whose encoding is declared, likely or neither. All results are clean UTF-8:
+// Texts of files, whose encoding is declared, likely or neither. All results are clean UTF-8:
 // they end before trailing NULs and blanks, and hold no control characters but tab and line breaks.
 
 enum class Charset {
@@ -18,11 +18,20 @@ enum class Charset {
     latin2,
     latin3,
     latin4,
-    cyrillic,  ///< this and the next three as in ISO 8859
+    cyrillic,  ///< this and the next five as in ISO 8859
     arabic,
     greek,
     hebrew,
     latin5,
+    latin9,
+    windows1250,
+    windows1251,
+    koi8,
+    shiftJis,
+    eucJp,
+    eucKr,
+    gb18030,  ///< with it GBK and GB 2312
+    big5,
 };
 
 std::string decodedText(std::string_view bytes, Charset charset);

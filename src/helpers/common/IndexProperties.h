@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
 #include <string>
@@ -12,7 +13,8 @@
 
 namespace marquell::helpers {
 
-// Each sets an attribute that is not set yet; what is empty or absent sets nothing.
+// Each sets an attribute that is not set yet; what is empty or absent sets nothing. A list is cut
+// to what a dictionary may hold.
 
 inline void addText(platform::PropertyDictionary& properties, platform::IndexAttribute attribute,
                     std::string text) {
@@ -23,6 +25,7 @@ inline void addText(platform::PropertyDictionary& properties, platform::IndexAtt
 inline void addTexts(platform::PropertyDictionary& properties, platform::IndexAttribute attribute,
                      std::vector<std::string> texts) {
     std::erase(texts, "");
+    texts.resize(std::min(texts.size(), platform::maximumListLength));
     if (texts.empty()) return;
     properties.emplace(static_cast<platform::PropertyKey>(attribute), std::move(texts));
 }

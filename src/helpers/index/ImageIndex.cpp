@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "helpers/common/IndexProperties.h"
+#include "helpers/common/TextList.h"
 #include "helpers/image/EmbeddedTexts.h"
 #include "helpers/image/ImageKind.h"
 #include "helpers/image/ImageReader.h"
@@ -192,18 +193,6 @@ void addPlace(PropertyDictionary& index, const PropertyDictionary& image) {
     addNumber(index, Attribute::kMDItemSpeed, kilometresPerHour(image));
 }
 
-std::vector<std::string> splitAtSemicolons(std::string_view list) {
-    std::vector<std::string> members;
-    while (!list.empty()) {
-        const std::string_view member = list.substr(0, list.find(';'));
-        list.remove_prefix(std::min(member.size() + 1, list.size()));
-        const std::size_t begin = std::min(member.find_first_not_of(' '), member.size());
-        const std::size_t end = member.find_last_not_of(' ') + 1;
-        if (begin < end) members.emplace_back(member.substr(begin, end - begin));
-    }
-    return members;
-}
-
 void addEmbedded(PropertyDictionary& index, EmbeddedTexts texts) {
     addText(index, Attribute::kMDItemTitle, std::move(texts.title));
     if (!texts.author.empty()) addTexts(index, Attribute::kMDItemAuthors, {texts.author});
@@ -222,7 +211,7 @@ std::optional<PropertyDictionary> imageIndex(Input& input, std::string_view exte
     for (const auto& [attribute, key] : textRows) addText(index, attribute, textOf(*image, key));
     for (const auto& [attribute, key] : listRows) addTexts(index, attribute, textsOf(*image, key));
     for (const auto& [attribute, key] : splitRows) {
-        addTexts(index, attribute, splitAtSemicolons(textOf(*image, key)));
+        addTexts(index, attribute, listedTexts(textOf(*image, key), ";"));
     }
     for (const auto& [attribute, key] : numberRows) {
         addNumber(index, attribute, numberOf(*image, key));

@@ -5,10 +5,10 @@
 #include <string>
 
 #include "helpers/common/Numbers.h"
+#include "helpers/common/TagDate.h"
 #include "helpers/sound/ContainerTags.h"
 #include "helpers/sound/QuickTimeFields.h"
 #include "helpers/sound/QuickTimeText.h"
-#include "helpers/sound/TagDate.h"
 
 namespace marquell::helpers {
 namespace {

@@ -4,8 +4,8 @@
 #include <array>
 
 #include "helpers/common/IndexProperties.h"
+#include "helpers/common/TagDate.h"
 #include "helpers/sound/Iso6709.h"
-#include "helpers/sound/TagDate.h"
 
 namespace marquell::helpers {
 namespace {

@@ -3,25 +3,13 @@
 
 #include <algorithm>
 
+#include "helpers/common/TextList.h"
 #include "helpers/sound/Iso6709.h"
 
 namespace marquell::helpers {
 namespace {
 
 using Key = platform::AudioVisualPropertyKey;
-
-std::vector<std::string> splitKeywords(std::string_view text) {
-    std::vector<std::string> keywords;
-    while (!text.empty()) {
-        const std::size_t length = std::min(text.find_first_of(",;"), text.size());
-        std::string_view keyword = text.substr(0, length);
-        text.remove_prefix(std::min(length + 1, text.size()));
-        keyword.remove_prefix(std::min(keyword.find_first_not_of(' '), keyword.size()));
-        keyword = keyword.substr(0, keyword.find_last_not_of(' ') + 1);
-        if (!keyword.empty()) keywords.emplace_back(keyword);
-    }
-    return keywords;
-}
 
 void set(std::string& place, const std::string& text) {
     if (place.empty()) place = text;
@@ -60,7 +48,7 @@ void addTag(SoundTags& tags, const decltype(TagRow::target)& target, const std::
         case TagPlace::version:
             return set(tags.version, text);
         case TagPlace::keywords:
-            if (tags.keywords.empty()) tags.keywords = splitKeywords(text);
+            if (tags.keywords.empty()) tags.keywords = listedTexts(text, ",;");
     }
 }
 

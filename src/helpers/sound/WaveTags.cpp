@@ -6,9 +6,9 @@
 
 #include "helpers/common/DecodedText.h"
 #include "helpers/common/Numbers.h"
+#include "helpers/common/TagDate.h"
 #include "helpers/sound/ContainerTags.h"
 #include "helpers/sound/Id3Tag.h"
-#include "helpers/sound/TagDate.h"
 
 namespace marquell::helpers {
 namespace {

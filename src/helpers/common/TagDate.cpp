@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "helpers/sound/TagDate.h"
+#include "helpers/common/TagDate.h"
 
 #include <algorithm>
 #include <array>

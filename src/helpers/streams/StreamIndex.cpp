@@ -1,0 +1,222 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "helpers/common/IndexProperties.h"
+#include "helpers/sound/SoundTagIndex.h"
+#include "helpers/sound/SoundTags.h"
+#include "helpers/streams/StreamCodecs.h"
+#include "helpers/streams/StreamFile.h"
+#include "helpers/streams/StreamReaders.h"
+#include "helpers/streams/StreamTags.h"
+
+extern "C" {
+#include <libavcodec/avcodec.h>
+}
+
+namespace marquell::helpers {
+namespace {
+
+using platform::IndexAttribute;
+using platform::PropertyDictionary;
+
+struct Kind {
+    AVMediaType type = AVMEDIA_TYPE_UNKNOWN;
+    const char* name = nullptr;
+    std::optional<IndexAttribute> bitRate;
+};
+
+constexpr std::array kinds = {
+    Kind{AVMEDIA_TYPE_AUDIO, "Sound", IndexAttribute::kMDItemAudioBitRate},
+    Kind{AVMEDIA_TYPE_VIDEO, "Video", IndexAttribute::kMDItemVideoBitRate},
+    Kind{AVMEDIA_TYPE_SUBTITLE, "Subtitles", std::nullopt},
+};
+
+const Kind* kindOf(const AVStream& stream) {
+    const auto* const found = std::find_if(kinds.begin(), kinds.end(), [&stream](const Kind& row) {
+        return row.type == stream.codecpar->codec_type;
+    });
+    return found != kinds.end() ? found : nullptr;
+}
+
+bool isPicture(const AVStream& stream) {
+    return (stream.disposition & AV_DISPOSITION_ATTACHED_PIC) != 0;
+}
+
+using Streams = std::vector<const AVStream*>;
+
+/// Those that are played: neither pictures nor data.
+Streams playedStreams(const AVFormatContext& context) {
+    Streams streams;
+    for (const AVStream* const stream : std::span(context.streams, context.nb_streams)) {
+        const bool isPlayed = kindOf(*stream) != nullptr && !isPicture(*stream);
+        if (isPlayed && stream->codecpar->codec_id != AV_CODEC_ID_NONE) streams.push_back(stream);
+    }
+    return streams;
+}
+
+std::optional<double> bitsPerSample(const AVCodecParameters& codec) {
+    if (!isLosslessSound(codec.codec_id)) return std::nullopt;
+    for (const int bits : {codec.bits_per_raw_sample, codec.bits_per_coded_sample}) {
+        if (bits > 0 && bits <= 64) return bits;
+    }
+    return std::nullopt;
+}
+
+/// What MPEG-1 says where the rate varies.
+constexpr std::int64_t variableRate = 0x3FFFF * std::int64_t{400};
+
+std::optional<double> statedBitRate(const AVStream& stream) {
+    const AVCodecParameters& codec = *stream.codecpar;
+    if (codec.bit_rate > 0 && codec.bit_rate != variableRate) return codec.bit_rate;
+    const int bits = av_get_exact_bits_per_sample(codec.codec_id);
+    const double pcmRate = double{1} * bits * codec.sample_rate * codec.ch_layout.nb_channels;
+    if (pcmRate > 0) return pcmRate;
+    return std::nullopt;
+}
+
+bool isComplete(const AVStream& stream) {
+    const AVCodecParameters& codec = *stream.codecpar;
+    if (codec.codec_type == AVMEDIA_TYPE_VIDEO) return codec.width > 0 && codec.height > 0;
+    if (codec.codec_type != AVMEDIA_TYPE_AUDIO) return true;
+    // The rate of MP3 is in its frames; from the length of the file it would not come out exactly.
+    if (codec.codec_id == AV_CODEC_ID_MP3) return codec.bit_rate > 0;
+    return !isLosslessSound(codec.codec_id) || bitsPerSample(codec).has_value();
+}
+
+/// Where there are no time stamps the library divides the length of the file by the rates.
+bool isGuessed(const AVFormatContext& context) {
+    return context.duration_estimation_method == AVFMT_DURATION_FROM_BITRATE &&
+           std::ranges::any_of(playedStreams(context), [](const AVStream* stream) {
+               return stream->codecpar->bit_rate == variableRate;
+           });
+}
+
+std::optional<double> secondsOf(const AVFormatContext& context) {
+    if (isGuessed(context)) return std::nullopt;
+    double seconds = static_cast<double>(context.duration) / AV_TIME_BASE;
+    if (context.duration == AV_NOPTS_VALUE) {
+        seconds = 0;
+        for (const AVStream* const stream : playedStreams(context)) {
+            if (stream->duration == AV_NOPTS_VALUE) continue;
+            const double length = static_cast<double>(stream->duration);
+            seconds = std::max(seconds, length * av_q2d(stream->time_base));
+        }
+    }
+    if (!std::isfinite(seconds) || seconds <= 0) return std::nullopt;
+    return seconds;
+}
+
+/// Whether the header said all there is to be told.
+bool isComplete(const AVFormatContext& context) {
+    if ((context.ctx_flags & AVFMTCTX_NOHEADER) != 0) return false;
+    const Streams streams = playedStreams(context);
+    if (streams.empty()) return true;
+    return secondsOf(context) &&
+           std::ranges::all_of(streams, [](const AVStream* stream) { return isComplete(*stream); });
+}
+
+std::optional<double> totalBitRate(const AVFormatContext& context, std::uint64_t bytes) {
+    const auto seconds = secondsOf(context);
+    if (!seconds) return std::nullopt;
+    if (context.bit_rate > 0) return context.bit_rate;
+    return std::round(static_cast<double>(bytes) * 8 / *seconds);
+}
+
+/// The length of the file without its pictures.
+std::uint64_t playedBytes(const AVFormatContext& context, std::uint64_t bytes) {
+    for (const AVStream* const stream : std::span(context.streams, context.nb_streams)) {
+        const auto picture = static_cast<std::uint64_t>(std::max(stream->attached_pic.size, 0));
+        if (isPicture(*stream) && picture < bytes) bytes -= picture;
+    }
+    return bytes;
+}
+
+/// The rates of the streams; where only one of them is not stated, it is what the others leave.
+std::vector<std::optional<double>> bitRates(const AVFormatContext& context, const Streams& streams,
+                                            std::uint64_t bytes) {
+    std::vector<std::optional<double>> rates;
+    double stated = 0;
+    for (const AVStream* const stream : streams) {
+        rates.push_back(statedBitRate(*stream));
+        stated += rates.back().value_or(0);
+    }
+    const auto seconds = secondsOf(context);
+    constexpr std::optional<double> unknown;
+    if (std::ranges::count(rates, unknown) != 1 || !seconds) return rates;
+    const double rest = static_cast<double>(playedBytes(context, bytes)) * 8 / *seconds - stated;
+    if (rest > 0) *std::ranges::find(rates, unknown) = rest;
+    return rates;
+}
+
+void addBitRates(PropertyDictionary& index, const AVFormatContext& context, const Streams& streams,
+                 std::uint64_t bytes) {
+    const auto rates = bitRates(context, streams, bytes);
+    for (const Kind& kind : kinds) {
+        if (!kind.bitRate) continue;
+        std::optional<double> sum;
+        for (std::size_t i = 0; i < streams.size(); ++i) {
+            if (kindOf(*streams[i]) != &kind || !rates[i]) continue;
+            sum = sum.value_or(0) + *rates[i];
+        }
+        if (sum) addNumber(index, *kind.bitRate, std::round(*sum));
+    }
+    addNumber(index, IndexAttribute::kMDItemTotalBitRate, totalBitRate(context, bytes));
+}
+
+void addKindsAndCodecs(PropertyDictionary& index, const Streams& streams) {
+    std::vector<std::string> types;
+    std::vector<std::string> codecs;
+    const auto addOnce = [](std::vector<std::string>& list, std::string text) {
+        if (std::ranges::find(list, text) == list.end()) list.push_back(std::move(text));
+    };
+    for (const AVStream* const stream : streams) {
+        addOnce(types, kindOf(*stream)->name);
+        addOnce(codecs, streamCodecName(stream->codecpar->codec_id));
+    }
+    addTexts(index, IndexAttribute::kMDItemMediaTypes, std::move(types));
+    addTexts(index, IndexAttribute::kMDItemCodecs, std::move(codecs));
+}
+
+void addParameters(PropertyDictionary& index, const Streams& streams) {
+    for (const AVStream* const stream : streams) {
+        const AVCodecParameters& codec = *stream->codecpar;
+        if (codec.codec_type == AVMEDIA_TYPE_AUDIO) {
+            addNumber(index, IndexAttribute::kMDItemBitsPerSample, bitsPerSample(codec));
+        } else if (codec.codec_type == AVMEDIA_TYPE_VIDEO && codec.width > 0 && codec.height > 0) {
+            addNumber(index, IndexAttribute::kMDItemPixelWidth, codec.width);
+            addNumber(index, IndexAttribute::kMDItemPixelHeight, codec.height);
+            addNumber(index, IndexAttribute::kMDItemPixelCount,
+                      static_cast<double>(codec.width) * codec.height);
+        }
+    }
+}
+
+}  // namespace
+
+std::optional<PropertyDictionary> streamIndex(Input& input, std::string_view extension) {
+    StreamFile file(input, extension);
+    if (file.context() == nullptr) return std::nullopt;
+    const AVFormatContext& context = *file.context();
+    if (!isComplete(context)) file.readPackets();
+    PropertyDictionary index;
+    const Streams streams = playedStreams(context);
+    addKindsAndCodecs(index, streams);
+    addParameters(index, streams);
+    addNumber(index, IndexAttribute::kMDItemDurationSeconds, secondsOf(context));
+    if (!streams.empty()) addBitRates(index, context, streams, input.size());
+    SoundTags tags = readSoundTags(input, extension);
+    if (tags.isEmpty()) tags = streamTags(context);
+    addSoundTagIndex(index, tags);
+    if (index.empty()) return std::nullopt;
+    return index;
+}
+
+}  // namespace marquell::helpers

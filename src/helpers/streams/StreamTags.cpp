@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "helpers/streams/StreamTags.h"
+
+#include <array>
+#include <cstddef>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "helpers/common/DecodedText.h"
+#include "helpers/common/TextList.h"
+#include "helpers/sound/PlainTagNames.h"
+
+namespace marquell::helpers {
+namespace {
+
+/// Names that mean something else here, or that no other container has; they count where a file has
+/// nothing under the usual one.
+struct Alias {
+    const char* name;  ///< in any case
+    std::string_view usual;
+};
+
+constexpr std::array aliases = {
+    Alias{"performer", "artist"},           Alias{"lead_performer", "artist"},
+    Alias{"summary", "description"},        Alias{"date_recorded", "recorded date"},
+    Alias{"date_released", "release date"}, Alias{"recording_location", "location"},
+};
+
+std::string textOf(const AVDictionaryEntry& entry) {
+    return decodedText(entry.value, Charset::likely);
+}
+
+void addFields(NamedTagFields& fields, const AVDictionary* dictionary) {
+    const AVDictionaryEntry* entry = nullptr;
+    for (std::size_t steps = 0; steps < maximumSteps; ++steps) {
+        entry = av_dict_get(dictionary, "", entry, AV_DICT_IGNORE_SUFFIX);
+        if (entry == nullptr) break;
+        fields.add(entry->key, textOf(*entry));
+    }
+    for (const Alias& alias : aliases) {
+        entry = av_dict_get(dictionary, alias.name, nullptr, 0);
+        if (entry != nullptr) fields.add(alias.usual, textOf(*entry));
+    }
+}
+
+const AVDictionary* firstSound(const AVFormatContext& context) {
+    for (const AVStream* const stream : std::span(context.streams, context.nb_streams)) {
+        if (stream->codecpar->codec_type == AVMEDIA_TYPE_AUDIO) return stream->metadata;
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+SoundTags streamTags(const AVFormatContext& context) {
+    NamedTagFields fields;
+    addFields(fields, context.metadata);
+    addFields(fields, firstSound(context));
+    SoundTags tags;
+    fields.addTo(tags);
+    // The library joins several values of one field so.
+    const auto artist = tags.common.find(platform::AudioVisualPropertyKey::commonKeyArtist);
+    if (artist != tags.common.end()) tags.artists = listedTexts(artist->second, ";");
+    return tags;
+}
+
+}  // namespace marquell::helpers
