@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "helpers/Bytes.h"
+#include "helpers/common/TagDate.h"
 #include "helpers/sound/Iso6709.h"
 #include "helpers/sound/SoundTagIndex.h"
 #include "helpers/sound/SoundTags.h"
-#include "helpers/common/TagDate.h"
 #include "platform/IndexAttributes.h"
 
 namespace marquell::helpers {

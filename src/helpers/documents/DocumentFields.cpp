@@ -43,9 +43,9 @@ std::string_view separatorsOf(FieldForm form) {
 void DocumentFields::add(platform::IndexAttribute attribute, FieldForm form,
                          std::string_view text) {
     if (form == FieldForm::member || form == FieldForm::people || form == FieldForm::words) {
-        auto members = listedTexts(collapsed(text), separatorsOf(form));
-        auto& list = lists_[attribute];
-        std::move(members.begin(), members.end(), std::back_inserter(list));
+        for (const std::string& member : listedTexts(text, separatorsOf(form))) {
+            lists_[attribute].push_back(collapsed(member));
+        }
         return;
     }
     auto& known = texts_[attribute];
