@@ -54,7 +54,8 @@ void addExtendedAttributes(IndexItem& item, const std::string& path) {
     std::vector<std::string> origins;
     for (const char* name : {"user.xdg.origin.url", "user.xdg.referrer.url"}) {
         std::string origin = extendedText(path, name);
-        if (!origin.empty()) origins.push_back(std::move(origin));
+        const bool isKnown = std::ranges::find(origins, origin) != origins.end();
+        if (!origin.empty() && !isKnown) origins.push_back(std::move(origin));
     }
     if (!origins.empty()) item.emplace(Attribute::kMDItemWhereFroms, std::move(origins));
 }

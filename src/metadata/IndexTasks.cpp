@@ -10,19 +10,23 @@ namespace {
 using platform::HelperTask;
 
 struct Row {
-    std::string_view beginning;  ///< of the type
+    /// A whole type, or the beginning of some up to one of "/.-".
+    std::string_view type;
     std::optional<HelperTask> task;
 };
 
 // The first row that fits counts. Playlists, notes and drawings have nothing to read, and text in
 // them leads to other files.
-constexpr std::array<Row, 41> rows = {{
-    {"image/svg", std::nullopt},
+constexpr std::array<Row, 48> rows = {{
+    {"image/svg+xml", std::nullopt},
+    {"image/svg+xml-compressed", std::nullopt},
     {"image/vnd.djvu", std::nullopt},
+    {"image/vnd.djvu+multipage", std::nullopt},
     {"image/", HelperTask::imageIndex},
     {"audio/x-wav", HelperTask::soundIndex},
     {"audio/vnd.wave", HelperTask::soundIndex},
-    {"audio/x-aif", HelperTask::soundIndex},
+    {"audio/x-aiff", HelperTask::soundIndex},
+    {"audio/x-aifc", HelperTask::soundIndex},
     {"audio/x-caf", HelperTask::soundIndex},
     {"audio/basic", HelperTask::soundIndex},
     {"audio/flac", HelperTask::soundIndex},
@@ -41,8 +45,11 @@ constexpr std::array<Row, 41> rows = {{
     {"application/mxf", HelperTask::streamIndex},
     {"application/vnd.ms-asf", HelperTask::streamIndex},
     {"application/vnd.rn-realmedia", HelperTask::streamIndex},
+    {"application/vnd.rn-realmedia-vbr", HelperTask::streamIndex},
+    {"application/x-shorten", HelperTask::streamIndex},
     {"application/x-matroska", HelperTask::streamIndex},
     {"application/pdf", HelperTask::pdfIndex},
+    {"application/illustrator", HelperTask::pdfIndex},
     {"application/vnd.openxmlformats-officedocument.", HelperTask::packageIndex},
     {"application/vnd.ms-word.document.", HelperTask::packageIndex},
     {"application/vnd.ms-word.template.", HelperTask::packageIndex},
@@ -54,6 +61,7 @@ constexpr std::array<Row, 41> rows = {{
     {"application/vnd.oasis.opendocument.presentation-flat-xml", std::nullopt},
     {"application/vnd.oasis.opendocument.", HelperTask::packageIndex},
     {"application/epub+zip", HelperTask::packageIndex},
+    {"application/zip", HelperTask::packageIndex},
     {"application/xhtml+xml", HelperTask::webPageIndex},
     {"text/html", HelperTask::webPageIndex},
     {"message/rfc822", HelperTask::messageIndex},
@@ -64,7 +72,9 @@ constexpr std::array<Row, 41> rows = {{
 
 std::optional<HelperTask> indexTask(std::string_view type) {
     const auto* const row = std::find_if(rows.begin(), rows.end(), [type](const Row& candidate) {
-        return type.starts_with(candidate.beginning);
+        constexpr std::string_view openEnds = "/.-";
+        const bool isBeginning = openEnds.find(candidate.type.back()) != std::string_view::npos;
+        return isBeginning ? type.starts_with(candidate.type) : type == candidate.type;
     });
     return row == rows.end() ? std::nullopt : row->task;
 }

@@ -14,15 +14,24 @@
 namespace marquell::platform {
 namespace {
 
-/// What the system's table lacks.
-constexpr std::array<std::pair<std::string_view, std::string_view>, 7> ownTypes = {{
+/// What the system's table lacks, or takes for something else.
+constexpr std::array<std::pair<std::string_view, std::string_view>, 16> ownTypes = {{
     {"avci", "image/avci"},
     {"bwf", "audio/x-wav"},
     {"caf", "audio/x-caf"},
     {"cdda", "audio/x-aiff"},
     {"eac3", "audio/eac3"},
+    {"m2v", "video/mpeg"},
+    {"m4p", "audio/mp4"},
+    {"mlp", "audio/vnd.dolby.mlp"},
+    {"rf64", "audio/x-wav"},
     {"sdv", "video/mp4"},
+    {"spx", "audio/x-speex"},
+    {"tak", "audio/x-tak"},
+    {"w64", "audio/x-w64"},
     {"wave", "audio/x-wav"},
+    {"weba", "audio/webm"},
+    {"wtv", "video/x-wtv"},
 }};
 
 /// `name` or `start` may be empty, but not both.
@@ -49,16 +58,63 @@ std::string typeByName(const std::string& name, std::string_view start) {
 
 std::string_view majorType(std::string_view type) { return type.substr(0, type.find('/')); }
 
-bool isMedia(std::string_view major) { return major == "audio" || major == "video"; }
+bool isMedia(std::string_view type) {
+    return majorType(type) == "audio" || majorType(type) == "video";
+}
 
 bool isA(const std::string& type, const std::string& other) {
     return g_content_type_is_a(type.c_str(), other.c_str()) != FALSE;
 }
 
-/// Whether content of this type is told by signatures that other content hardly has.
+/// Types told by signatures that other content hardly has, beside images, sound and video.
+constexpr std::array<std::string_view, 5> unmistakableTypes = {
+    "application/pdf", "application/x-executable", "application/x-pie-executable",
+    "application/x-sharedlib", "application/vnd.microsoft.portable-executable"};
+
 bool isUnmistakable(const std::string& type) {
-    const std::string_view major = majorType(type);
-    return major == "image" || isMedia(major) || type == "application/pdf";
+    return majorType(type) == "image" || isMedia(type) ||
+           std::ranges::find(unmistakableTypes, type) != unmistakableTypes.end();
+}
+
+/// Types that are one container, of which the name says what is in it.
+constexpr std::array<std::pair<std::string_view, int>, 18> containers = {{
+    {"audio/mp4", 1},
+    {"audio/x-m4b", 1},
+    {"audio/x-m4r", 1},
+    {"audio/3gpp", 1},
+    {"audio/3gpp2", 1},
+    {"video/mp4", 1},
+    {"video/quicktime", 1},
+    {"video/3gpp", 1},
+    {"video/3gpp2", 1},
+    {"audio/x-matroska", 2},
+    {"audio/webm", 2},
+    {"video/x-matroska", 2},
+    {"video/webm", 2},
+    {"audio/ogg", 3},
+    {"audio/x-speex", 3},
+    {"video/ogg", 3},
+    {"video/mp2t", 4},
+    {"video/mpeg", 4},
+}};
+
+int containerOf(std::string_view type) {
+    const auto* const row =
+        std::ranges::find(containers, type, [](const auto& known) { return known.first; });
+    return row == containers.end() ? 0 : row->second;
+}
+
+/// Sound that has no signature but a tag in front, or a pattern of a few bits, as others do.
+constexpr std::array<std::string_view, 4> weakTypes = {"audio/mpeg", "audio/mp2", "audio/aac",
+                                                       "audio/ac3"};
+
+/// Whether a name of that type is right of content that is told to be of another.
+bool isNameRight(const std::string& type, const std::string& content) {
+    if (!isUnmistakable(content) || isA(type, content)) return true;
+    if (type == "application/illustrator") return true;  // is PDF inside
+    if (!isMedia(type)) return false;
+    return std::ranges::find(weakTypes, content) != weakTypes.end() ||
+           (containerOf(type) != 0 && containerOf(type) == containerOf(content));
 }
 
 }  // namespace
@@ -71,12 +127,8 @@ ContentType contentType(std::string_view name, std::string_view start) {
     }
     std::string type = typeByName(text, start);
     std::string content = guessed("", start);
-    if (!isUnmistakable(content) || isA(type, content)) return {type, type};
-    const std::string_view major = majorType(type);
-    const bool isOneContainer = isMedia(major) && isMedia(majorType(content));
-    const bool isForm = major == "application" && majorType(content) == major;
-    if (isOneContainer || isForm) return {type, content};
-    return {content, content};
+    if (!isNameRight(type, content)) return {content, content};
+    return {type, isMedia(content) || content == "application/pdf" ? content : type};
 }
 
 }  // namespace marquell::platform

@@ -179,6 +179,9 @@ TEST(ContentType, GoesByNameUnlessTheContentIsPlainlySomethingElse) {
         {"a", png, "image/png", "image/png"},
         {"a\xE9.TXT", png, "image/png", "image/png"},
         {"a.m4a", mp4, "audio/mp4", "video/mp4"},
+        {"a.mp3", "fLaC\0\0\0\x22"sv, "audio/flac", "audio/flac"},
+        {"a.flac", "ID3\3"sv, "audio/flac", "audio/mpeg"},
+        {"a.docx", "%PDF-1.4\n", "application/pdf", "application/pdf"},
         {"a.jpg", mp4, "video/mp4", "video/mp4"},
         {"a.docx", "PK\3\4",
          "application/vnd.openxmlformats-officedocument.wordprocessingml.document",
@@ -196,6 +199,7 @@ TEST(ContentType, GoesByNameUnlessTheContentIsPlainlySomethingElse) {
     using platform::HelperTask;
     EXPECT_EQ(indexTask("audio/x-wav"), HelperTask::soundIndex);
     EXPECT_EQ(indexTask("audio/mpeg"), HelperTask::streamIndex);
+    EXPECT_EQ(indexTask("audio/x-wavpack"), HelperTask::streamIndex);
     EXPECT_EQ(indexTask("audio/x-mpegurl"), std::nullopt);
     EXPECT_EQ(indexTask("text/plain"), std::nullopt);
 }

@@ -5,6 +5,7 @@ import struct
 import zlib
 
 from document_bytes import DOCUMENTS, package
+from hostile_images import deflated_zeros
 
 DEEP = 100_000
 MEGABYTE = 2**20
@@ -35,7 +36,7 @@ def archive(content, entries, count):
 
 def packages():
     names = [b"[Content_Types].xml", CORE.encode()]
-    bomb = zlib.compress(bytes(200 * MEGABYTE), 9)[2:-4]
+    bomb = deflated_zeros(200 * MEGABYTE)[2:-4]
     spaces = zlib.compress(b"<coreProperties>" + b" " * 200 * MEGABYTE, 9)[2:-4]
     nothing = b"\0\0\0\xff\xff" * (10 * MEGABYTE)  # blocks that unpack to nothing
     for kind, packed in (("zeros", bomb), ("blanks", spaces), ("nothing", nothing)):
@@ -51,7 +52,9 @@ def packages():
     entries = directory_entry(names[0], 17, 17, 0, 0) * 350_000
     yield "a directory of many.docx", archive(good, entries + directory_entry(names[1], 17, 17, 0),
                                               350_001)
-    yield "many of one place.epub", archive(good, directory_entry(b"x", 17, 17, 0, 0) * 10**6, 10**6)
+    for extension, wanted in (("epub", b"META-INF/container.xml"), ("odt", b"meta.xml")):
+        entries = directory_entry(b"x", 17, 17, 0, 0) * 10**6 + directory_entry(wanted, 17, 17, 0)
+        yield f"many of one place.{extension}", archive(good, entries, 10**6 + 1)
     yield "a directory of the file.docx", good + directory_end(1, 2**32 - 2, 0)
     yield "ends.docx", directory_end(1, 46, 0) * 10_000
     wide = struct.pack("<4sQHHIIQQQQ", b"PK\6\6", 44, 45, 45, 0, 0, 2**63, 2**63, 2**64 - 1,
@@ -85,6 +88,11 @@ def xml_documents():
 def xml_packages():
     for name, content in xml_documents():
         yield f"{name}.docx", office_of(content)
+        yield f"{name}.odt", package({"meta.xml": content.replace(b"coreProperties", b"meta")})
+        yield f"{name}.epub", package({
+            "META-INF/container.xml": '<rootfile full-path="x"/>',
+            "x": content.replace(b"coreProperties", b"metadata")})
+        yield f"{name} in the container.epub", package({"META-INF/container.xml": content})
     yield "a loop.epub", package({"META-INF/container.xml":
                                   '<rootfile full-path="META-INF/container.xml"/>'})
     roles = b'<meta refines="#a" property="role">edt</meta>' * 20_000

@@ -28,10 +28,12 @@ def playlists():
                 f"<Period><AdaptationSet><BaseURL>{SECRET}</BaseURL></AdaptationSet></Period>"
                 "</MPD>"),
         "cue": f'FILE "{SECRET}" WAVE\n  TRACK 01 AUDIO\n    INDEX 01 00:00:00\n',
+        "svg": ('<svg xmlns="http://www.w3.org/2000/svg" xmlns:xlink="http://www.w3.org/1999/xlink" '
+                f'width="9" height="9"><image xlink:href="{SECRET}"/></svg>'),
         "ram": f"rtsp://127.0.0.1:9/{SECRET}\nhttp://127.0.0.1:9/{SECRET}\n",
     }
     for kind, text in texts.items():
-        for extension in (kind, "mp3", "mp4"):
+        for extension in (kind, "mp3", "mp4", "ts", "mkv", "avi"):
             yield f"playlist {kind}.{extension}", text.encode()
     outside = box(b"dinf", full_box(b"dref", big("I", 1) + box(
         b"alis", big("I", 0) + bytes(146) + big("HH", 2, len(SECRET)) + SECRET.encode()

@@ -3,6 +3,8 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
+#include <span>
 
 namespace marquell::helpers {
 namespace {
@@ -91,6 +93,24 @@ bool hasSignature(std::string_view start, const Signature& row) {
     return start.size() > row.offset && start.substr(row.offset).starts_with(row.bytes);
 }
 
+/// Where the content begins behind an ID3 tag.
+std::uint64_t contentBegin(std::string_view start) {
+    constexpr std::size_t headerLength = 10;
+    if (start.size() < headerLength || !start.starts_with("ID3")) return 0;
+    std::uint64_t length = 0;
+    for (const char byte : start.substr(6, 4)) {
+        length = length << 7U | (static_cast<unsigned char>(byte) & 0x7FU);
+    }
+    return headerLength + length;
+}
+
+const char* signedFormatOf(std::string_view start, std::span<const Signature> rows) {
+    for (const Signature& row : rows) {
+        if (hasSignature(start, row)) return row.format;
+    }
+    return nullptr;
+}
+
 const char* likelyFormatOf(std::string_view start, std::string_view extension) {
     for (const NamedFormat& named : namedFormats) {
         if (named.extension != extension) continue;
@@ -115,11 +135,16 @@ const std::string& streamFormats() {
 }
 
 const char* streamFormatOf(Input& input, std::string_view extension) {
-    const std::string bytes = input.bytesAt(0, 32);
-    for (const Signature& row : signatures) {
-        if (hasSignature(bytes, row)) return row.format;
+    constexpr std::size_t length = 32;
+    const std::string start = input.bytesAt(0, length);
+    const std::uint64_t begin = contentBegin(start);
+    const std::string content = begin == 0 ? start : input.bytesAt(begin, length);
+    if (const char* const format = signedFormatOf(content, signatures)) return format;
+    if (begin > 0) {
+        // Few bits alone say it, but few other things stand behind such a tag.
+        if (const char* const format = signedFormatOf(content, likelyStarts)) return format;
     }
-    return likelyFormatOf(bytes, extension);
+    return likelyFormatOf(start, extension);
 }
 
 }  // namespace marquell::helpers

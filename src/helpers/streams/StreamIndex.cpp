@@ -199,21 +199,25 @@ void addParameters(PropertyDictionary& index, const Streams& streams) {
     }
 }
 
-}  // namespace
-
-std::optional<PropertyDictionary> streamIndex(Input& input, std::string_view extension) {
-    StreamFile file(input, extension);
-    if (file.context() == nullptr) return std::nullopt;
+void addStreams(PropertyDictionary& index, StreamFile& file, std::uint64_t bytes) {
     const AVFormatContext& context = *file.context();
     if (!isComplete(context)) file.readPackets();
-    PropertyDictionary index;
     const Streams streams = playedStreams(context);
     addKindsAndCodecs(index, streams);
     addParameters(index, streams);
     addNumber(index, IndexAttribute::kMDItemDurationSeconds, secondsOf(context));
-    if (!streams.empty()) addBitRates(index, context, streams, input.size());
+    if (!streams.empty()) addBitRates(index, context, streams, bytes);
+}
+
+}  // namespace
+
+std::optional<PropertyDictionary> streamIndex(Input& input, std::string_view extension) {
+    StreamFile file(input, extension);
+    PropertyDictionary index;
+    if (file.context() != nullptr) addStreams(index, file, input.size());
+    // They may stand in front of streams that are broken.
     SoundTags tags = readSoundTags(input, extension);
-    if (tags.isEmpty()) tags = streamTags(context);
+    if (tags.isEmpty() && file.context() != nullptr) tags = streamTags(*file.context());
     addSoundTagIndex(index, tags);
     if (index.empty()) return std::nullopt;
     return index;

@@ -22,9 +22,13 @@ struct Alias {
 };
 
 constexpr std::array aliases = {
-    Alias{"performer", "artist"},           Alias{"lead_performer", "artist"},
-    Alias{"summary", "description"},        Alias{"date_recorded", "recorded date"},
-    Alias{"date_released", "release date"}, Alias{"recording_location", "location"},
+    Alias{"performer", "artist"},
+    Alias{"lead_performer", "artist"},
+    Alias{"summary", "description"},
+    Alias{"date_recorded", "recorded date"},
+    Alias{"date_released", "release date"},
+    Alias{"recording_location", "location"},
+    Alias{"product", "album"},
 };
 
 std::string textOf(const AVDictionaryEntry& entry) {
@@ -44,11 +48,11 @@ void addFields(NamedTagFields& fields, const AVDictionary* dictionary) {
     }
 }
 
-const AVDictionary* firstSound(const AVFormatContext& context) {
+/// Those of streams of one kind.
+void addFields(NamedTagFields& fields, const AVFormatContext& context, AVMediaType type) {
     for (const AVStream* const stream : std::span(context.streams, context.nb_streams)) {
-        if (stream->codecpar->codec_type == AVMEDIA_TYPE_AUDIO) return stream->metadata;
+        if (stream->codecpar->codec_type == type) addFields(fields, stream->metadata);
     }
-    return nullptr;
 }
 
 }  // namespace
@@ -56,7 +60,8 @@ const AVDictionary* firstSound(const AVFormatContext& context) {
 SoundTags streamTags(const AVFormatContext& context) {
     NamedTagFields fields;
     addFields(fields, context.metadata);
-    addFields(fields, firstSound(context));
+    addFields(fields, context, AVMEDIA_TYPE_AUDIO);
+    addFields(fields, context, AVMEDIA_TYPE_VIDEO);
     SoundTags tags;
     fields.addTo(tags);
     // The library joins several values of one field so.
