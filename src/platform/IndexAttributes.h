@@ -28,7 +28,7 @@ enum class IndexAttribute : std::uint16_t {
     kMDItemStateOrProvince,
     kMDItemCountry,
     kMDItemNamedLocation,
-    kMDItemGPSTrack,  ///< number, degrees
+    kMDItemGPSTrack,  ///< degrees, as text
     kMDItemEXIFGPSVersion,
     kMDItemEXIFVersion,
     kMDItemContentType,

@@ -50,7 +50,7 @@ std::optional<double> numberOf(const PropertyDictionary& image, Key key) {
 }
 
 // Where an attribute has several rows, the first that the image has counts.
-constexpr std::array<std::pair<Attribute, Key>, 25> textRows = {{
+constexpr std::array<std::pair<Attribute, Key>, 26> textRows = {{
     {Attribute::kMDItemTitle, Key::kCGImagePropertyIPTCObjectName},
     {Attribute::kMDItemTitle, Key::kCGImagePropertyTIFFXPTitle},
     {Attribute::kMDItemHeadline, Key::kCGImagePropertyIPTCHeadline},
@@ -75,6 +75,7 @@ constexpr std::array<std::pair<Attribute, Key>, 25> textRows = {{
     {Attribute::kMDItemColorSpace, Key::kCGImagePropertyColorModel},
     {Attribute::kMDItemEXIFVersion, Key::kCGImagePropertyExifVersion},
     {Attribute::kMDItemEXIFGPSVersion, Key::kCGImagePropertyGPSVersion},
+    {Attribute::kMDItemGPSTrack, Key::kCGImagePropertyGPSTrack},
     {Attribute::kMDItemTimestamp, Key::kCGImagePropertyGPSTimeStamp},
 }};
 
@@ -92,14 +93,13 @@ constexpr std::array<std::pair<Attribute, Key>, 3> splitRows = {{
     {Attribute::kMDItemAuthors, Key::kCGImagePropertyTIFFXPAuthor},
 }};
 
-constexpr std::array<std::pair<Attribute, Key>, 14> numberRows = {{
+constexpr std::array<std::pair<Attribute, Key>, 13> numberRows = {{
     {Attribute::kMDItemPixelHeight, Key::kCGImagePropertyPixelHeight},
     {Attribute::kMDItemPixelWidth, Key::kCGImagePropertyPixelWidth},
     {Attribute::kMDItemResolutionWidthDPI, Key::kCGImagePropertyDPIWidth},
     {Attribute::kMDItemResolutionHeightDPI, Key::kCGImagePropertyDPIHeight},
     {Attribute::kMDItemBitsPerSample, Key::kCGImagePropertyDepth},
     {Attribute::kMDItemImageDirection, Key::kCGImagePropertyGPSImgDirection},
-    {Attribute::kMDItemGPSTrack, Key::kCGImagePropertyGPSTrack},
     {Attribute::kMDItemExposureProgram, Key::kCGImagePropertyExifExposureProgram},
     {Attribute::kMDItemFNumber, Key::kCGImagePropertyExifFNumber},
     {Attribute::kMDItemISOSpeed, Key::kCGImagePropertyExifISOSpeedRatings},
