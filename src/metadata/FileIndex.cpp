@@ -24,6 +24,8 @@ constexpr std::array entryAttributes = {Attribute::kMDItemFinderComment,
                                         Attribute::kMDItemWhereFroms, Attribute::kMDItemDateAdded,
                                         Attribute::kMDItemDownloadedDate};
 
+constexpr Attribute lastAttribute = Attribute::kMDItemDownloadedDate;
+
 bool isDate(Attribute attribute) { return attribute >= Attribute::kMDItemContentModificationDate; }
 
 /// Dates come as text from the readers.
@@ -41,6 +43,11 @@ std::optional<IndexValue> indexValue(Attribute attribute, const PropertyValue& v
 void addContent(IndexItem& item, const PropertyDictionary& properties) {
     for (const auto& [key, value] : properties) {
         const auto attribute = static_cast<Attribute>(key);
+        // A reader has no say in what only the file system knows.
+        if (attribute > lastAttribute ||
+            FileIndex::depthOf(attribute) != FileIndex::Depth::content) {
+            continue;
+        }
         if (auto known = indexValue(attribute, value)) {
             item.insert_or_assign(attribute, *std::move(known));
         }
@@ -113,7 +120,7 @@ void FileIndex::lookUp(std::span<Node* const> nodes, Depth depth, const Receiver
             finished(i);
             continue;
         }
-        Batch& batch = isHeavy(*task) ? heavy : light;
+        Batch& batch = platform::isHeavy(*task) ? heavy : light;
         batch.add(i, node, HelperJob{std::move(path), lowerCaseExtension(node), *task},
                   std::move(entry->item));
     }

@@ -79,8 +79,4 @@ std::optional<HelperTask> indexTask(std::string_view type) {
     return row == rows.end() ? std::nullopt : row->task;
 }
 
-bool isHeavy(HelperTask task) {
-    return task == HelperTask::streamIndex || task == HelperTask::pdfIndex;
-}
-
 }  // namespace marquell::metadata

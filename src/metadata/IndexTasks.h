@@ -11,7 +11,4 @@ namespace marquell::metadata {
 /// How the content of a file of this MIME type is read; absent if no reader knows it.
 std::optional<platform::HelperTask> indexTask(std::string_view type);
 
-/// Whether it takes the heavy reader.
-bool isHeavy(platform::HelperTask task);
-
 }  // namespace marquell::metadata

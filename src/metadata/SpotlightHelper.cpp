@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <optional>
 #include <utility>
 
 #include "metadata/DurationTexts.h"
@@ -50,11 +49,11 @@ SpotlightHelper& SpotlightHelper::shared() {
 }
 
 bool SpotlightHelper::isWanted(std::string_view storedKey) const {
-    return wanted_.empty() || std::find(wanted_.begin(), wanted_.end(), storedKey) != wanted_.end();
+    return !wanted_ || std::find(wanted_->begin(), wanted_->end(), storedKey) != wanted_->end();
 }
 
 void SpotlightHelper::setWantedColumns(std::span<const std::string> ids) {
-    wanted_.assign(ids.begin(), ids.end());
+    wanted_.emplace(ids.begin(), ids.end());
     // Whatever is none of the columns below is about the duration.
     depth_ = isWanted(humanReadableDuration) || isWanted(durationWithColons)
                  ? FileIndex::Depth::content

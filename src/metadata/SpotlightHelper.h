@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -55,7 +55,7 @@ private:
     bool isWanted(std::string_view storedKey) const;
 
     const FileIndex index_;
-    std::vector<std::string> wanted_;  ///< column ids; all if empty
+    std::optional<std::vector<std::string>> wanted_;  ///< column ids; all unless set
     FileIndex::Depth depth_ = FileIndex::Depth::content;
 };
 

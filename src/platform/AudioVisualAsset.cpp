@@ -43,9 +43,17 @@ const Value* valueOf(const PropertyDictionary& properties, Key key) {
     return found == properties.end() ? nullptr : std::get_if<Value>(&found->second);
 }
 
+bool isFrameIdentifier(std::string_view key) {
+    constexpr std::string_view allowed = "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789";
+    return (key.size() == 3 || key.size() == 4) &&
+           key.find_first_not_of(allowed) == std::string_view::npos;
+}
+
+/// Without a key if it has none that a frame may have.
 AudioVisualItem id3Item(std::string_view frame) {
     const std::size_t blank = frame.find(' ');
     AudioVisualItem item;
+    if (!isFrameIdentifier(frame.substr(0, blank))) return item;
     item.key = std::string(frame.substr(0, blank));
     if (item.key->size() == 3) item.key->push_back('\0');
     if (blank != std::string_view::npos) item.stringValue = std::string(frame.substr(blank + 1));

@@ -76,32 +76,34 @@ bool isUnmistakable(const std::string& type) {
            std::ranges::find(unmistakableTypes, type) != unmistakableTypes.end();
 }
 
-/// Types that are one container, of which the name says what is in it.
-constexpr std::array<std::pair<std::string_view, int>, 18> containers = {{
-    {"audio/mp4", 1},
-    {"audio/x-m4b", 1},
-    {"audio/x-m4r", 1},
-    {"audio/3gpp", 1},
-    {"audio/3gpp2", 1},
-    {"video/mp4", 1},
-    {"video/quicktime", 1},
-    {"video/3gpp", 1},
-    {"video/3gpp2", 1},
-    {"audio/x-matroska", 2},
-    {"audio/webm", 2},
-    {"video/x-matroska", 2},
-    {"video/webm", 2},
-    {"audio/ogg", 3},
-    {"audio/x-speex", 3},
-    {"video/ogg", 3},
-    {"video/mp2t", 4},
-    {"video/mpeg", 4},
+/// Containers of which the name says what is in them.
+enum class Container { none, isoMedia, matroska, ogg, mpeg };
+
+constexpr std::array<std::pair<std::string_view, Container>, 18> containers = {{
+    {"audio/mp4", Container::isoMedia},
+    {"audio/x-m4b", Container::isoMedia},
+    {"audio/x-m4r", Container::isoMedia},
+    {"audio/3gpp", Container::isoMedia},
+    {"audio/3gpp2", Container::isoMedia},
+    {"video/mp4", Container::isoMedia},
+    {"video/quicktime", Container::isoMedia},
+    {"video/3gpp", Container::isoMedia},
+    {"video/3gpp2", Container::isoMedia},
+    {"audio/x-matroska", Container::matroska},
+    {"audio/webm", Container::matroska},
+    {"video/x-matroska", Container::matroska},
+    {"video/webm", Container::matroska},
+    {"audio/ogg", Container::ogg},
+    {"audio/x-speex", Container::ogg},
+    {"video/ogg", Container::ogg},
+    {"video/mp2t", Container::mpeg},
+    {"video/mpeg", Container::mpeg},
 }};
 
-int containerOf(std::string_view type) {
+Container containerOf(std::string_view type) {
     const auto* const row =
         std::ranges::find(containers, type, [](const auto& known) { return known.first; });
-    return row == containers.end() ? 0 : row->second;
+    return row == containers.end() ? Container::none : row->second;
 }
 
 /// Sound that has no signature but a tag in front, or a pattern of a few bits, as others do.
@@ -114,7 +116,7 @@ bool isNameRight(const std::string& type, const std::string& content) {
     if (type == "application/illustrator") return true;  // is PDF inside
     if (!isMedia(type)) return false;
     return std::ranges::find(weakTypes, content) != weakTypes.end() ||
-           (containerOf(type) != 0 && containerOf(type) == containerOf(content));
+           (containerOf(type) != Container::none && containerOf(type) == containerOf(content));
 }
 
 }  // namespace

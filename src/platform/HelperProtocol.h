@@ -22,8 +22,7 @@ inline constexpr int helperLifeline = 4;
 
 inline constexpr std::uint32_t helperMagic = 0x4d715231;
 
-/// What is to be read of a file, and so who can: the first ones the light helper, from `streams` on
-/// the heavy one, whose libraries take longer to load.
+/// What is to be read of a file.
 enum class HelperTask : std::uint32_t {
     image = 1,     ///< answered with properties by ImagePropertyKey
     soundTags,     ///< by AudioVisualPropertyKey
@@ -35,6 +34,12 @@ enum class HelperTask : std::uint32_t {
     streamIndex,   ///< of all other sound and video files
     pdfIndex,
 };
+
+/// Whether it is for the heavy helper, whose libraries take longer to load, and not for the light
+/// one.
+constexpr bool isHeavy(HelperTask task) {
+    return task == HelperTask::streamIndex || task == HelperTask::pdfIndex;
+}
 
 /// One message with exactly one descriptor beside it: the file, open for reading. Its offset is
 /// nobody's; readers use pread.

@@ -24,6 +24,10 @@ import sound_bytes  # noqa: E402
 # No column shows it.
 STORED_ONLY = "layernames"
 
+# The years of what some files hold; others have the dates of the file.
+YEARS = {"photo.jpg": ("2024", "2024"), "film.mp4": ("2021", "2021"), "made.pdf": ("2022", "2023"),
+         "made.docx": ("2024", "2024")}
+
 ATTRIBUTES = {"user.xdg.comment": "findercomment", "user.xdg.tags": "tags",
               "user.xdg.origin.url": "wherefroms"}
 OF_BIRTH = ("dateadded", "downloadDate")
@@ -54,7 +58,8 @@ def contents():
         yield f"{version}.mp3", tag + 40 * (b"\xff\xfb\x90\0" + bytes(413))
     for extension, make in {**sound_bytes.FILES, **document_bytes.DOCUMENTS}.items():
         yield f"made.{extension}", make(1)[0]
-    yield "made.pdf", pdf_bytes.pdf({"Title": "A title", "Author": "Ann"})
+    yield "made.pdf", pdf_bytes.pdf({"Title": "A title", "CreationDate": "D:20220506120000Z",
+                                     "ModDate": "D:20230506120000Z"})
 
 
 class EveryColumnTest(unittest.TestCase):
@@ -71,7 +76,8 @@ class EveryColumnTest(unittest.TestCase):
                             f"-{tag}".replace("_", " ") for tag in WRITTEN), photo], check=True)
         subprocess.run(["ffmpeg", "-v", "error", "-f", "lavfi", "-i", "testsrc=s=64x48:r=25:d=1",
                         "-f", "lavfi", "-i", "sine=d=1", "-c:v", "mpeg4", "-c:a", "aac",
-                        "-metadata", "title=A film", self.folder / "film.mp4"], check=True)
+                        "-metadata", "title=A film", "-metadata",
+                        "creation_time=2021-06-17T12:00:00Z", self.folder / "film.mp4"], check=True)
 
     def attributes_are_set(self):
         try:
@@ -101,6 +107,9 @@ class EveryColumnTest(unittest.TestCase):
         rows = our_values([str(self.folder)], columns).values()
         self.assertEqual([column for column in columns if column not in excused
                           and not any(row.get(column) for row in rows)], [])
+        self.assertEqual({row["name"]: (row["contentcreationdate"][:4],
+                                        row["contentmodificationdate"][:4])
+                          for row in rows if row["name"] in YEARS}, YEARS)
         self.assertEqual([row["name"] for row in rows
                           if not row["title"] and not row["headline"] and row["extension"]], [])
 

@@ -9,15 +9,19 @@
 
 namespace marquell::apps {
 
-ConsoleLines::ConsoleLines(bool isQuiet) {
-    if (isQuiet) return;
+ConsoleLines::ConsoleLines() {
     platform::setConsoleWriter([this](std::string_view topic, std::string_view line) {
         // Files may make up topics without end.
         constexpr std::size_t mostTopics = 1000;
         const std::lock_guard lock(mutex_);
-        if (topics_.size() == mostTopics || !topics_.emplace(topic).second) return;
-        printMessage(platform::diagnosticText(line));
+        if (lines_.size() == mostTopics || lines_.contains(topic)) return;
+        lines_.emplace(topic, platform::diagnosticText(line));
     });
+}
+
+void ConsoleLines::report() const {
+    const std::lock_guard lock(mutex_);
+    for (const auto& [topic, line] : lines_) printMessage(line);
 }
 
 ConsoleLines::~ConsoleLines() { platform::setConsoleWriter({}); }

@@ -2,24 +2,27 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <mutex>
-#include <set>
 #include <string>
 
 namespace marquell::apps {
 
-/// Prints the diagnostics of a run, the first of each topic, unless all is to be quiet. Listens as
-/// long as it lives.
+/// Gathers the diagnostics of a run, the first of each topic, for its end: till then the terminal
+/// shows the progress. Listens as long as it lives.
 class ConsoleLines {
 public:
-    explicit ConsoleLines(bool isQuiet);
+    ConsoleLines();
     ~ConsoleLines();
     ConsoleLines(const ConsoleLines&) = delete;
     ConsoleLines& operator=(const ConsoleLines&) = delete;
 
+    /// Prints them.
+    void report() const;
+
 private:
-    std::mutex mutex_;
-    std::set<std::string, std::less<>> topics_;  // guarded by mutex_
+    mutable std::mutex mutex_;
+    std::map<std::string, std::string, std::less<>> lines_;  // by topic; guarded by mutex_
 };
 
 }  // namespace marquell::apps

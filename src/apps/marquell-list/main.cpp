@@ -139,7 +139,7 @@ struct RequestRunner {
         if (request.jobs) platform::setWorkerCount(*request.jobs);
         restrictToColumns(neededColumns(request.snapshot));
         const FailureCollector failures;
-        const ConsoleLines console(request.quiet);
+        const ConsoleLines console;
         // The run outlives the delivery, so that a list of millions is given back meanwhile.
         ListRun run;
         const auto output = makeText(run, request);
@@ -147,6 +147,7 @@ struct RequestRunner {
             printMessage("the list could not be made: the system refuses to start a thread");
             return ExitStatus::notDelivered;
         }
+        if (!request.quiet) console.report();
         const bool anyFailures = failures.report() || !request.settingsProblems.empty();
         const ExitStatus delivered = deliver(*output, request.outputFile);
         metadata::endFileReaders();
