@@ -4,13 +4,16 @@
 
     tests/fuzz/run.py [SECONDS]
 
-Builds the fuzzers into build/fuzz and runs each for SECONDS (default: 60) from a fixed seed. Fails
+Builds the fuzzers into build/fuzz and runs each for SECONDS (default: 60) from a fixed seed, as many
+at a time as there are cores. Fails
 if one finds a fault; the input that shows it is kept and named. What was found on the way to new
 code is kept in build/fuzz/NAME-corpus and used again.
 """
 
+import os
 import subprocess
 import sys
+from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
 from seeds import ID3_TAGS, IMAGES, MESSAGES, PACKAGES, REPLIES, SOUND_FILES, WEB_PAGES, WORDS
@@ -38,29 +41,44 @@ def header_sources():
             yield source
 
 
-def document_sources():
-    return [*sources_of("common", "documents"), ROOT / "src/helpers/sound/TagDate.cpp"]
-
+DOCUMENTS = sources_of("common", "documents")
+SOUND = sources_of("common", "sound")
 
 # Name -> sources, libraries, seeds.
 FUZZERS = {
     "image_header": ([*header_sources()], ["-llcms2"], IMAGES),
     "image": (sources_of("common", "image"), ["-lexiv2", "-llcms2"], IMAGES),
-    "id3": (sources_of("common", "sound"), ["-lz"], ID3_TAGS),
-    "sound": (sources_of("common", "sound"), ["-lz"], SOUND_FILES),
+    "id3": (SOUND, ["-lz"], ID3_TAGS),
+    "sound": (SOUND, ["-lz"], SOUND_FILES),
     "reply": ([ROOT / "src/platform/PropertyDictionary.cpp", ROOT / "src/platform/Utf8.cpp"],
               [], REPLIES),
-    "package": (document_sources(), ["-lpugixml", "-lz"], PACKAGES),
-    "web_page": (document_sources(), ["-lpugixml", "-lz"], WEB_PAGES),
-    "message": (document_sources(), ["-lpugixml", "-lz"], MESSAGES),
+    "package": (DOCUMENTS, ["-lpugixml", "-lz"], PACKAGES),
+    "web_page": (DOCUMENTS, ["-lpugixml", "-lz"], WEB_PAGES),
+    "message": (DOCUMENTS, ["-lpugixml", "-lz"], MESSAGES),
 }
 
 
-def build(name, sources, libraries):
-    program = BUILD / name
-    subprocess.run(["clang++", *FLAGS, ROOT / f"tests/fuzz/{name}_fuzzer.cpp", *sources,
-                    *libraries, "-o", program], check=True)
-    return program
+def compile_source(source):
+    """The object of a source; several fuzzers share it."""
+    object_file = BUILD / "objects" / f"{source.relative_to(ROOT)}.o".replace("/", "-")
+    subprocess.run(["ccache", "clang++", *FLAGS, "-c", source, "-o", object_file], check=True)
+    return object_file
+
+
+def build_all():
+    """The fuzzers' programs by name."""
+    (BUILD / "objects").mkdir(parents=True, exist_ok=True)
+    wanted = {name: [ROOT / f"tests/fuzz/{name}_fuzzer.cpp", *sources]
+              for name, (sources, _, _) in FUZZERS.items()}
+    sources = sorted({source for of_one in wanted.values() for source in of_one})
+    with ThreadPoolExecutor(os.cpu_count()) as compilers:
+        objects = dict(zip(sources, compilers.map(compile_source, sources)))
+    programs = {}
+    for name, (_, libraries, _) in FUZZERS.items():
+        programs[name] = BUILD / name
+        subprocess.run(["clang++", *FLAGS, *(objects[source] for source in wanted[name]),
+                        *libraries, "-o", programs[name]], check=True)
+    return programs
 
 
 def run(program, name, seeds, seconds):
@@ -69,11 +87,9 @@ def run(program, name, seeds, seconds):
     corpus.mkdir(exist_ok=True)
     for number, seed in enumerate(seeds):
         (corpus / f"seed-{number}").write_bytes(seed)
-    words = BUILD / "words"
-    words.write_text("".join(f'"{word}"\n' for word in WORDS))
     findings = BUILD / f"{name}-"
     result = subprocess.run([program, f"-max_total_time={seconds}", "-seed=1", "-max_len=8192",
-                             "-timeout=5", "-rss_limit_mb=1024", f"-dict={words}",
+                             "-timeout=5", "-rss_limit_mb=1024", f"-dict={BUILD / 'words'}",
                              "-verbosity=0", "-print_final_stats=1",
                              f"-artifact_prefix={findings}", corpus])
     if result.returncode != 0:
@@ -83,11 +99,12 @@ def run(program, name, seeds, seconds):
 
 def main():
     seconds = int(sys.argv[1]) if len(sys.argv) > 1 else 60
-    BUILD.mkdir(parents=True, exist_ok=True)
-    programs = {name: build(name, sources, libraries)
-                for name, (sources, libraries, _) in FUZZERS.items()}
-    results = [run(programs[name], name, seeds, seconds)
-               for name, (_, _, seeds) in FUZZERS.items()]
+    programs = build_all()
+    # Written once: they run several at a time.
+    (BUILD / "words").write_text("".join(f'"{word}"\n' for word in WORDS))
+    with ThreadPoolExecutor(os.cpu_count()) as runs:
+        results = list(runs.map(lambda name: run(programs[name], name, FUZZERS[name][2], seconds),
+                                FUZZERS))
     sys.exit(0 if all(results) else 1)
 
 

@@ -24,7 +24,7 @@ from document_bytes import DOCUMENTS  # noqa: E402
 from id3_bytes import full_tag  # noqa: E402
 from sound_bytes import FILES as SOUNDS  # noqa: E402
 
-images.COLUMNS = "name,@AudioVisualCommon,@ID3,@Spotlight"
+COLUMNS = "name,@AudioVisualCommon,@ID3,@Spotlight"
 FEWEST_VALUES = 4  # of a good file
 SECRET = 987_654_321  # in the values of the file that playlists lead to
 
@@ -115,7 +115,7 @@ class HostileFilesTest(unittest.TestCase):
         self.alone.mkdir()
 
     def check(self, listing):
-        alone = images.Listing(self.alone)
+        alone = images.Listing(self.alone, COLUMNS)
         self.assertEqual((alone.status, alone.messages), (0, []))
         self.assertEqual(sorted(listing.rows), sorted(os.listdir(self.folder)))
         for name, row in alone.rows.items():
@@ -136,7 +136,7 @@ class HostileFilesTest(unittest.TestCase):
                           if len(content) < limit), self.folder, self.alone)
         if not images.SANITIZED:
             write_special_files(self.folder)
-        listing = images.Listing(self.folder)
+        listing = images.Listing(self.folder, COLUMNS)
         self.check(listing)
         if not images.SANITIZED:
             holders = [name for name, row in listing.rows.items()
@@ -145,7 +145,7 @@ class HostileFilesTest(unittest.TestCase):
 
     def test_good_files_among_damaged_ones(self):
         write_among_good(damaged_files(images.RUNS), self.folder, self.alone)
-        listing = images.Listing(self.folder)
+        listing = images.Listing(self.folder, COLUMNS)
         self.check(listing)
         with_values = [row for row in listing.rows.values() if own_values(row)]
         self.assertGreater(len(with_values), len(listing.rows) // 2)

@@ -41,11 +41,11 @@ SEED = 20240229
 class Listing:
     """What the program made of a folder, with the helpers' ends waited for."""
 
-    def __init__(self, folder):
+    def __init__(self, folder, columns=COLUMNS):
         with tempfile.TemporaryFile() as output, tempfile.TemporaryFile() as errors:
             begin = time.monotonic()
             program = subprocess.Popen(
-                [PROGRAM, "-q", "-f", "json", "-c", COLUMNS, "--", folder],
+                [PROGRAM, "-q", "-f", "json", "-c", columns, "--", folder],
                 stdout=output, stderr=errors)
             self.peak = self.peak_until_end(program, begin)
             self.seconds = time.monotonic() - begin

@@ -106,7 +106,7 @@ def pages():
                        ("titles", b"<title>"), ("ends", b"<title></titl"), ("attributes", b"<meta a "),
                        ("names", b"<meta name=author content=x;>"), ("quotes", b'<meta name="'),
                        ("one tag", b" a=b"), ("references", b"<title>&#55555;&"), ("slashes", b"/")):
-        yield f"{name}.html", start + unit * (10 * MEGABYTE // len(unit))
+        yield f"{name}.html", start + unit * (2 * MEGABYTE // len(unit))
     yield "one tag.xhtml", start + b"<meta" + b" name=a" * MEGABYTE
     yield "one title.html", start + b"<title>" + b"&amp;" * 40_000 + b"</title>"
     yield "half a character.html", b"\xff\xfe" + "<html><title>x</title>".encode("utf-16-le") + b"<"
@@ -120,8 +120,8 @@ def messages():
                        ("from", b"From: x,y\n"), ("zeros", b"\0"), ("high", b"\xff")):
         for header in (b"To: ", b"Subject: ", b"Date: "):
             yield f"{name} in {header[:2].decode()}.eml", header + unit * (MEGABYTE // len(unit))
-        yield f"{name}.eml", start + unit * (10 * MEGABYTE // len(unit))
-    yield "one line.eml", b"From: " + b"x" * 10 * MEGABYTE
+        yield f"{name}.eml", start + unit * (2 * MEGABYTE // len(unit))
+    yield "one line.eml", b"From: " + b"x" * 2 * MEGABYTE
 
 
 def broken():

@@ -30,6 +30,14 @@ def id3_tags():
     yield "bombs", tag(3, frame(b"COMM", big("I", GIGABYTE) + bomb, 0x80) * 20)
     yield "a million frames", tag(3, frame(b"TIT2", b"\0ab") * 10**6)
     yield "a million comments", tag(3, frame(b"TXXX", b"\0a\0b") * 10**6)
+    for name, frames in (
+            ("fields", [frame(b"TXXX", b"\0%06d\0b" % number) for number in range(2 * DEEP)]),
+            ("chapters", [frame(b"CHAP", b"%06d\0" % number + bytes(16))
+                          for number in range(DEEP)]),
+            ("pictures", [frame(b"APIC", b"\0image/png\0\0\0\x89PNG\r\n\x1a\n")] * DEEP)):
+        yield f"many {name}", tag(3, b"".join(frames))
+    yield "many tags with fields", tag(3, bytes(0)) * 10_001 + tag(3, b"".join(
+        frame(b"TXXX", b"\0%06d\0b" % number) for number in range(2 * DEEP)))
     yield "a million short frames", tag(2, b"TT2\0\0\2\0a" * 10**6)
     yield "empty frames", tag(3, frame(b"TIT2", b"") * 10**6)
     yield "empty short frames", tag(2, b"TT2\0\0\0" * 10**6)
@@ -76,14 +84,14 @@ def chunked_sounds():
     yield "annotation.au", b".snd" + big("IIIII", MOST, MOST, 3, 8000, 1) + b"title=a\n" * 10**6
     flac = b"fLaC\0\0\0\x22" + bytes(34)
     yield "many blocks.flac", flac + b"\4\0\0\0" * 10**6
-    yield "comments that are not there.flac", flac + b"\x84\0\0\x0c" + bytes(4) + little("II", MOST, 0)
+    yield "comments that are not there.flac", flac + b"\x84\0\0\x0c" + little("III", 0, MOST, 0)
     for extension in ("m4a", "mov", "3gp"):
         yield f"nested moov.{extension}", nested(b"moov")
         yield f"nested udta.{extension}", film(b"M4A ", nested(b"udta"))
     one = box("\xa9nam", box("data", big("II", 1, 0) + b"x"))
     for name, items in (("items", one * DEEP), ("data", box("\xa9nam", one[8:] * DEEP)),
-                        ("nested items", nested(b"\xa9nam")), ("empty items", box("\xa9nam") * DEEP),
-                        ("free forms", box("----") * DEEP)):
+                        ("nested items", nested(b"\xa9nam")),
+                        ("empty items", box("\xa9nam") * DEEP), ("free forms", box("----") * DEEP)):
         yield f"many {name}.m4a", film(b"M4A ", box("udta", full_box(
             "meta", handler(b"mdir") + box("ilst", items))))
     keys = full_box("keys", big("I", MOST) + box("mdta", b"title") * DEEP)

@@ -28,8 +28,8 @@ def playlists():
                 f"<Period><AdaptationSet><BaseURL>{SECRET}</BaseURL></AdaptationSet></Period>"
                 "</MPD>"),
         "cue": f'FILE "{SECRET}" WAVE\n  TRACK 01 AUDIO\n    INDEX 01 00:00:00\n',
-        "svg": ('<svg xmlns="http://www.w3.org/2000/svg" xmlns:xlink="http://www.w3.org/1999/xlink" '
-                f'width="9" height="9"><image xlink:href="{SECRET}"/></svg>'),
+        "svg": ('<svg xmlns="http://www.w3.org/2000/svg" '
+                f'xmlns:xlink="http://www.w3.org/1999/xlink"><image xlink:href="{SECRET}"/></svg>'),
         "ram": f"rtsp://127.0.0.1:9/{SECRET}\nhttp://127.0.0.1:9/{SECRET}\n",
     }
     for kind, text in texts.items():

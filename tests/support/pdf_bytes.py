@@ -3,6 +3,8 @@
 
 import zlib
 
+from hostile_images import deflated_zeros
+
 DEEP = 100_000
 MEGABYTE = 2**20
 
@@ -18,13 +20,13 @@ def deflated(dictionary, content):
 def document(objects, trailer=b"/Root 1 0 R", version="1.4", table=True, previous=None):
     """A file of the objects, the first of which is number 1. `previous` is where the trailer says
     that an older table of objects is; None for nowhere."""
-    content = b"%%PDF-%b\n%%\xe2\xe3\xcf\xd3\n" % version.encode()
+    content = bytearray(b"%%PDF-%b\n%%\xe2\xe3\xcf\xd3\n" % version.encode())
     offsets = []
     for number, body in enumerate(objects, 1):
         offsets.append(len(content))
         content += b"%d 0 obj\n%b\nendobj\n" % (number, body)
     if not table:
-        return content
+        return bytes(content)
     start = len(content)
     content += b"xref\n0 %d\n0000000000 65535 f \n" % (len(objects) + 1)
     content += b"".join(b"%010d 00000 n \n" % offset for offset in offsets)
@@ -118,10 +120,10 @@ def hostile():
             [catalog, PAGES, b"<</Length %d>>stream\nx\nendstream" % length])
     yield "many filters", document([catalog, PAGES, stream(
         b"/Filter[%b]" % (b"/FlateDecode" * 1000), b"x")])
-    bomb = zlib.compress(bytes(512 * MEGABYTE), 9)
+    bomb = deflated_zeros(512 * MEGABYTE)
     yield "metadata that unpacks to 512 MB", document(
         [catalog, PAGES, stream(b"/Filter/FlateDecode", bomb)])
-    twice = zlib.compress(zlib.compress(bytes(1024 * MEGABYTE), 9), 9)
+    twice = zlib.compress(deflated_zeros(1024 * MEGABYTE), 9)
     yield "metadata that unpacks twice to 1 GB", document(
         [catalog, PAGES, stream(b"/Filter[/FlateDecode/FlateDecode]", twice)])
     for name, opening, closing in (("arrays", b"[", b"]"), ("dictionaries", b"<</A", b">>")):
