@@ -172,4 +172,9 @@ enum class ImagePropertyKey : std::uint16_t {
     kCGImagePropertyIPTCExtPersonInImage,
 };
 
+/// Added to the key of an EXIF field, the key of what XMP has in its place: the columns of EXIF
+/// show what the EXIF directories say alone. Dates among these are of ISO 8601, positions have
+/// their sign.
+inline constexpr std::uint16_t xmpKeys = 0x1000;
+
 }  // namespace marquell::platform

@@ -5,9 +5,8 @@
     tests/fuzz/run.py [SECONDS]
 
 Builds the fuzzers into build/fuzz and runs each for SECONDS (default: 60) from a fixed seed, as many
-at a time as there are cores. Fails
-if one finds a fault; the input that shows it is kept and named. What was found on the way to new
-code is kept in build/fuzz/NAME-corpus and used again.
+at a time as there are cores. Fails if one finds a fault; the input that shows it is kept and named.
+What was found on the way to new code is kept in build/fuzz/NAME-corpus and used again.
 """
 
 import os

@@ -104,6 +104,16 @@ TEST(DocumentPackage, ReadsWhatProgramsWriteInTheirOwnWays) {
                            {"a/b", "<metadata><date>0101-01-01</date><date>2024-02</date>"}},
                           Attribute::kMDItemContentCreationDate),
               "2024-02");
+    const std::pair<std::string, std::string> descriptions[] = {
+        {"&lt;p class='a'>A&amp;amp;&lt;b>B&lt;/b>&lt;/p>\n&lt;br/>C&lt;P>", "A&B C"},
+        {"1\n2 &lt; 3 &lt;b &amp;lt; &lt;a@b> ", "1\n2 < 3 <b < <a@b>"},
+    };
+    for (const auto& [markup, text] : descriptions) {
+        EXPECT_EQ(packageText({{"META-INF/container.xml", "<rootfile full-path='a/b'/>"},
+                               {"a/b", "<metadata><description>" + markup + "</description>"}},
+                              Attribute::kMDItemDescription),
+                  text);
+    }
     const std::string bytes = archiveOf({{"mimetype", "text/plain"}, {"a.xml", "<meta/>"}});
     MemoryInput other(bytes);
     EXPECT_FALSE(packageIndex(other));

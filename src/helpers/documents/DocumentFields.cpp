@@ -8,6 +8,7 @@
 #include "helpers/common/TagDate.h"
 #include "helpers/common/TextList.h"
 #include "helpers/documents/DocumentText.h"
+#include "helpers/documents/MarkupText.h"
 #include "helpers/documents/XmlElements.h"
 
 namespace marquell::helpers {
@@ -27,6 +28,7 @@ std::string withoutReturns(std::string_view text) {
 std::string textOfForm(FieldForm form, std::string_view text) {
     if (form == FieldForm::officeParagraphs) return withoutReturns(trimmed(text));
     if (form == FieldForm::paragraphs) return std::string(trimmed(text));
+    if (form == FieldForm::markup) return textOfMarkup(text);
     if (form != FieldForm::date) return collapsed(text);
     // Years below 1000 are what programs write that know of no date.
     return trimmed(text).starts_with('0') ? std::string() : isoDate(text);

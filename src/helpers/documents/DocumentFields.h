@@ -19,6 +19,7 @@ enum class FieldForm : std::uint8_t {
     line,
     paragraphs,        ///< keeps its lines
     officeParagraphs,  ///< the same, with "_x000d_" for a carriage return
+    markup,            ///< keeps its lines unless it is marked up like a page
     date,              ///< nothing if it is none
     member,            ///< of a list
     people,            ///< members between ";"

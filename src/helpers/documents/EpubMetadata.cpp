@@ -14,7 +14,7 @@ using Attribute = platform::IndexAttribute;
 
 constexpr std::array plainFields = {
     DocumentField{"title", Attribute::kMDItemTitle, FieldForm::line},
-    DocumentField{"description", Attribute::kMDItemDescription, FieldForm::paragraphs},
+    DocumentField{"description", Attribute::kMDItemDescription, FieldForm::markup},
     DocumentField{"rights", Attribute::kMDItemCopyright, FieldForm::line},
     DocumentField{"subject", Attribute::kMDItemKeywords, FieldForm::member},
 };

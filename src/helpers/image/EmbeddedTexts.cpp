@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "helpers/image/EmbeddedTexts.h"
 
+#include <zlib.h>
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -9,6 +11,7 @@
 
 #include "helpers/common/DecodedText.h"
 #include "helpers/common/Numbers.h"
+#include "helpers/common/TagDate.h"
 #include "helpers/image/JpegSegments.h"
 
 namespace marquell::helpers {
@@ -49,33 +52,75 @@ std::string_view takeText(std::string_view& content) {
     return text;
 }
 
-void readPngText(std::string_view content, bool isInternational, EmbeddedTexts& texts) {
-    const std::string_view keyword = takeText(content);
-    if (isInternational) {
-        const bool isCompressed = content.size() < 2 || content[0] != '\0';
-        if (isCompressed) return;
-        content.remove_prefix(2);
-        takeText(content);  // the language
-        takeText(content);  // the keyword in it
+/// Unpacked at most maximumTextBytes, and of broken bytes what precedes the fault.
+std::string unpacked(std::string_view packed) {
+    std::string text(maximumTextBytes, '\0');
+    uLongf length = text.size();
+    static_cast<void>(::uncompress(reinterpret_cast<Bytef*>(text.data()), &length,
+                                   reinterpret_cast<const Bytef*>(packed.data()), packed.size()));
+    text.resize(length);
+    return text;
+}
+
+/// Reads the chunks with texts of a PNG.
+class PngTexts {
+public:
+    explicit PngTexts(EmbeddedTexts& texts) : texts_(texts) {}
+
+    void read(std::uint64_t type, std::string_view content) {
+        const std::string_view keyword = takeText(content);
+        const auto* const row =
+            std::find_if(pngKeywords.begin(), pngKeywords.end(),
+                         [&](const auto& known) { return known.first == keyword; });
+        if (row == pngKeywords.end() || !(texts_.*(row->second)).empty()) return;
+        bool isPacked = type == fourCharacters("zTXt");
+        if (isPacked) content = content.substr(std::min<std::size_t>(1, content.size()));
+        if (type == fourCharacters("iTXt")) {
+            if (content.size() < 2) return;
+            isPacked = content[0] != '\0';
+            content.remove_prefix(2);
+            takeText(content);  // the language
+            takeText(content);  // the keyword in it
+        }
+        // Texts that unpack to blanks could be many.
+        constexpr std::size_t maximumPacked = 50;
+        if (isPacked && ++packedCount_ > maximumPacked) return;
+        const std::string text = isPacked ? unpacked(content) : std::string();
+        texts_.*(row->second) = decodedText(isPacked ? text : content, Charset::likely);
     }
-    const auto* const row = std::find_if(pngKeywords.begin(), pngKeywords.end(),
-                                         [&](const auto& known) { return known.first == keyword; });
-    if (row == pngKeywords.end()) return;
-    std::string& text = texts.*(row->second);
-    if (text.empty()) text = decodedText(content, Charset::likely);
+
+private:
+    EmbeddedTexts& texts_;
+    std::size_t packedCount_ = 0;
+};
+
+/// Of the year in two bytes, and month, day, hour, minute and second in one each.
+std::string pngTime(std::string_view content) {
+    const std::uint64_t year = bigEndian(content, 0, 2);
+    if (content.size() != 7 || year > 9999) return {};
+    std::string digits = std::to_string(10'000 + year).substr(1);
+    for (std::size_t i = 2; i < content.size(); ++i) {
+        const std::uint64_t part = bigEndian(content, i, 1);
+        if (part > 99) return {};
+        digits += std::to_string(100 + part).substr(1);
+    }
+    return isoDate(digits + 'Z');
 }
 
 void readPngTexts(Input& input, EmbeddedTexts& texts) {
+    PngTexts reader(texts);
     std::uint64_t position = 8;
     for (std::size_t steps = 0; steps < maximumSteps; ++steps) {
         const std::string start = input.bytesAt(position, 8);
         if (start.size() < 8) return;
         const std::uint64_t length = bigEndian(start, 0, 4);
         const std::uint64_t type = bigEndian(start, 4, 4);
-        const bool isInternational = type == fourCharacters("iTXt");
-        if ((isInternational || type == fourCharacters("tEXt")) && length <= maximumTextBytes) {
-            readPngText(input.bytesAt(position + 8, static_cast<std::size_t>(length)),
-                        isInternational, texts);
+        const bool isText = type == fourCharacters("tEXt") || type == fourCharacters("zTXt") ||
+                            type == fourCharacters("iTXt");
+        if (isText && length <= maximumTextBytes) {
+            reader.read(type, input.bytesAt(position + 8, static_cast<std::size_t>(length)));
+        } else if (type == fourCharacters("tIME") && length == 7) {
+            texts.modificationTime = pngTime(input.bytesAt(position + 8, 7));
         }
         position += 8 + length + 4;
     }

@@ -16,10 +16,11 @@ struct EmbeddedTexts {
     std::string description;
     std::string copyright;
     std::string comment;
-    std::string creationTime;  ///< as the file has it
+    std::string creationTime;      ///< as the file has it
+    std::string modificationTime;  ///< ISO 8601
 };
 
-/// Of JPEG, PNG and GIF; compressed texts of PNG are left out.
+/// Of JPEG, PNG and GIF.
 EmbeddedTexts readEmbeddedTexts(Input& input, ImageKind kind);
 
 }  // namespace marquell::helpers

@@ -16,7 +16,9 @@ namespace marquell::helpers {
 namespace {
 
 constexpr std::size_t maximumLayers = 10'000;
-constexpr std::size_t maximumNameBytes = 2048;
+/// Of all layers together; one has a dozen or two.
+constexpr std::size_t maximumBlocks = 200'000;
+constexpr std::size_t maximumNameUnits = 512;
 
 /// Blocks whose length has eight bytes in a PSB.
 constexpr std::array<std::string_view, 12> longBlocks = {
@@ -89,30 +91,32 @@ std::optional<Block> nextBlock(PsdReader& reader) {
 
 struct Layer {
     std::string name;
-    bool endsGroup = false;  ///< no layer, but a mark below the last of a group
+    bool hasWideName = false;  ///< of UTF-16, which has no need to be short
+    bool endsGroup = false;    ///< no layer, but a mark below the last of a group
 };
 
 void readBlock(const Block& block, PsdReader content, Layer& layer) {
     constexpr std::uint64_t groupEnd = 3;
-    if (block.key == "luni") {
-        const std::uint64_t units = std::min<std::uint64_t>(content.number(4), maximumNameBytes);
+    if (block.key == "luni" && !layer.hasWideName) {
+        const std::uint64_t units = std::min<std::uint64_t>(content.number(4), maximumNameUnits);
         std::string name = decodedText(content.bytes(static_cast<std::size_t>(units) * 2),
                                        Charset::utf16BigEndian);
         if (!name.empty()) layer.name = std::move(name);
+        layer.hasWideName = true;
     } else if (block.key == "lsct") {
         layer.endsGroup = content.number(4) == groupEnd;
     }
 }
 
-/// What stands behind the fixed fields of a layer.
-Layer readExtra(PsdReader extra) {
+/// What stands behind the fixed fields of a layer. Counts its blocks.
+Layer readExtra(PsdReader extra, std::size_t& blocks) {
     Layer layer;
     extra.skip(extra.number(4));  // mask
     extra.skip(extra.number(4));  // ranges of blending
     const std::uint64_t length = extra.number(1);
     layer.name = decodedText(extra.bytes(static_cast<std::size_t>(length)), Charset::likely);
     extra.skip(3 - length % 4);  // with its length it takes whole words
-    while (!extra.isAtEnd()) {
+    for (; blocks < maximumBlocks && !extra.isAtEnd(); ++blocks) {
         const auto block = nextBlock(extra);
         if (!block) break;
         readBlock(*block, extra.part(block->length + block->length % 2), layer);
@@ -123,6 +127,7 @@ Layer readExtra(PsdReader extra) {
 /// The layers that begin with their number.
 std::vector<std::string> layersOf(PsdReader reader) {
     std::vector<std::string> names;
+    std::size_t blocks = 0;
     const auto signedCount = static_cast<std::int16_t>(reader.number(2));
     const auto count = static_cast<std::size_t>(std::abs(static_cast<int>(signedCount)));
     for (std::size_t i = 0; i < std::min(count, maximumLayers); ++i) {
@@ -131,7 +136,7 @@ std::vector<std::string> layersOf(PsdReader reader) {
         reader.skip(channels * (reader.isLarge() ? 10 : 6));
         reader.skip(12);  // how it is blended
         const std::uint64_t length = reader.number(4);
-        Layer layer = readExtra(reader.part(length));
+        Layer layer = readExtra(reader.part(length), blocks);
         if (reader.hasFailed()) break;
         if (!layer.endsGroup && !layer.name.empty()) names.push_back(std::move(layer.name));
     }

@@ -5,13 +5,13 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <map>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
-#include "helpers/common/DecodedText.h"
+#include "helpers/image/XmpCamera.h"
+#include "helpers/image/XmpValues.h"
 #include "platform/ImageProperties.h"
 
 namespace marquell::helpers {
@@ -82,43 +82,7 @@ constexpr std::array<std::string_view, 2> contactPrefixes = {
     "Xmp.iptc.",
 };
 
-using Values = std::map<std::string, const Exiv2::Value*, std::less<>>;
 using Texts = std::vector<std::string>;
-
-Values valuesOf(const Exiv2::XmpData& xmp) {
-    Values values;
-    for (const Exiv2::Xmpdatum& datum : xmp) values.emplace(datum.key(), &datum.value());
-    return values;
-}
-
-/// The texts of a value; of one in several languages that of the default.
-Texts textsOf(const Exiv2::Value& value) {
-    Texts texts;
-    const auto add = [&texts](const std::string& bytes) {
-        std::string text = decodedText(bytes, Charset::likely);
-        if (!text.empty()) texts.push_back(std::move(text));
-    };
-    if (const auto* languages = dynamic_cast<const Exiv2::LangAltValue*>(&value)) {
-        const auto& byLanguage = languages->value_;
-        const auto preferred = byLanguage.find("x-default");
-        if (preferred != byLanguage.end()) {
-            add(preferred->second);
-        } else if (!byLanguage.empty()) {
-            add(byLanguage.begin()->second);
-        }
-    } else if (dynamic_cast<const Exiv2::XmpArrayValue*>(&value) != nullptr) {
-        for (long i = 0; i < value.count(); ++i) add(value.toString(i));
-    } else if (const auto* text = dynamic_cast<const Exiv2::XmpTextValue*>(&value)) {
-        // Of a structure this is empty; toString() would name its kind.
-        add(text->value_);
-    }
-    return texts;
-}
-
-Texts textsUnder(const Values& values, std::string_view name) {
-    const auto found = values.find(name);
-    return found != values.end() ? textsOf(*found->second) : Texts{};
-}
 
 platform::PropertyValue numberOrText(const std::string& text) {
     double number = 0;
@@ -172,12 +136,12 @@ void add(platform::PropertyDictionary& properties, Key key,
     if (value) properties.emplace(static_cast<platform::PropertyKey>(key), *std::move(value));
 }
 
-void addContact(platform::PropertyDictionary& properties, const Values& values) {
+void addContact(platform::PropertyDictionary& properties, const XmpValues& values) {
     Texts all;
     for (const Field& field : contactFields) {
         Texts texts;
         for (const std::string_view prefix : contactPrefixes) {
-            if (texts.empty()) texts = textsUnder(values, std::string(prefix).append(field.name));
+            if (texts.empty()) texts = values.textsOf(std::string(prefix).append(field.name));
         }
         all.insert(all.end(), texts.begin(), texts.end());
         add(properties, field.key, propertyOf(std::move(texts), field.form));
@@ -190,11 +154,12 @@ void addContact(platform::PropertyDictionary& properties, const Values& values) 
 
 void addXmpProperties(platform::PropertyDictionary& properties, const Exiv2::XmpData& xmp) {
     if (xmp.empty()) return;
-    const Values values = valuesOf(xmp);
+    const XmpValues values(xmp);
     for (const Field& field : fields) {
-        add(properties, field.key, propertyOf(textsUnder(values, field.name), field.form));
+        add(properties, field.key, propertyOf(values.textsOf(field.name), field.form));
     }
     addContact(properties, values);
+    addXmpCamera(properties, values);
 }
 
 }  // namespace marquell::helpers

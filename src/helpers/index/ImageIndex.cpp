@@ -7,7 +7,10 @@
 #include <vector>
 
 #include "helpers/common/IndexProperties.h"
+#include "helpers/common/TagDate.h"
 #include "helpers/common/TextList.h"
+#include "helpers/documents/DocumentText.h"
+#include "helpers/documents/MessageDate.h"
 #include "helpers/image/EmbeddedTexts.h"
 #include "helpers/image/ImageKind.h"
 #include "helpers/image/ImageReader.h"
@@ -125,6 +128,17 @@ constexpr std::array<DateRow, 3> dateRows = {{
      Key::kCGImagePropertyExifSubsecTime, Key::kCGImagePropertyExifOffsetTime},
 }};
 
+// Some programs end texts with a line break, which would split the lines of a list.
+
+void addTrimmed(PropertyDictionary& index, Attribute attribute, std::string_view text) {
+    addText(index, attribute, std::string(trimmed(text)));
+}
+
+void addTrimmed(PropertyDictionary& index, Attribute attribute, std::vector<std::string> texts) {
+    for (std::string& text : texts) text = trimmed(text);
+    addTexts(index, attribute, std::move(texts));
+}
+
 bool isDigits(std::string_view text) {
     return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
@@ -137,11 +151,9 @@ bool hasForm(std::string_view text, std::string_view form) {
 }
 
 /// A camera's moment as ISO 8601; empty if it is none, such as one of blanks.
-std::string isoDate(const PropertyDictionary& image, const DateRow& row) {
-    std::string moment = textOf(image, row.moment);
-    if (!hasForm(moment, "dddd:dd:dd dd:dd:dd")) return {};
-    moment[4] = moment[7] = '-';
-    moment[10] = 'T';
+std::string cameraDate(const PropertyDictionary& image, const DateRow& row) {
+    std::string moment = isoDate(textOf(image, row.moment));
+    if (!hasForm(moment, "dddd-dd-ddTdd:dd:dd")) return moment;
     const std::string fraction = textOf(image, row.fraction);
     if (isDigits(fraction)) moment += '.' + fraction;
     const std::string zone = textOf(image, row.zone);
@@ -162,7 +174,7 @@ std::string iptcDate(const PropertyDictionary& image) {
 }
 
 void addDates(PropertyDictionary& index, const PropertyDictionary& image) {
-    for (const DateRow& row : dateRows) addText(index, row.attribute, isoDate(image, row));
+    for (const DateRow& row : dateRows) addText(index, row.attribute, cameraDate(image, row));
     addText(index, Attribute::kMDItemContentCreationDate, iptcDate(image));
 }
 
@@ -193,13 +205,39 @@ void addPlace(PropertyDictionary& index, const PropertyDictionary& image) {
     addNumber(index, Attribute::kMDItemSpeed, kilometresPerHour(image));
 }
 
-void addEmbedded(PropertyDictionary& index, EmbeddedTexts texts) {
-    addText(index, Attribute::kMDItemTitle, std::move(texts.title));
-    if (!texts.author.empty()) addTexts(index, Attribute::kMDItemAuthors, {texts.author});
-    addText(index, Attribute::kMDItemDescription, std::move(texts.description));
-    addText(index, Attribute::kMDItemCopyright, std::move(texts.copyright));
-    addText(index, Attribute::kMDItemComment, std::move(texts.comment));
-    addText(index, Attribute::kMDItemContentCreationDate, std::move(texts.creationTime));
+void addEmbedded(PropertyDictionary& index, const EmbeddedTexts& texts) {
+    addTrimmed(index, Attribute::kMDItemTitle, texts.title);
+    addTrimmed(index, Attribute::kMDItemAuthors, std::vector{texts.author});
+    addTrimmed(index, Attribute::kMDItemDescription, texts.description);
+    addTrimmed(index, Attribute::kMDItemCopyright, texts.copyright);
+    addTrimmed(index, Attribute::kMDItemComment, texts.comment);
+    addText(index, Attribute::kMDItemContentCreationDate, isoDate(texts.creationTime));
+    // What PNG itself recommends.
+    addText(index, Attribute::kMDItemContentCreationDate, messageDate(texts.creationTime));
+    addText(index, Attribute::kMDItemContentModificationDate, texts.modificationTime);
+}
+
+void addFields(PropertyDictionary& index, const PropertyDictionary& image) {
+    for (const auto& [attribute, key] : textRows) addTrimmed(index, attribute, textOf(image, key));
+    for (const auto& [attribute, key] : listRows) addTrimmed(index, attribute, textsOf(image, key));
+    for (const auto& [attribute, key] : splitRows) {
+        addTexts(index, attribute, listedTexts(textOf(image, key), ";"));
+    }
+    for (const auto& [attribute, key] : numberRows) {
+        addNumber(index, attribute, numberOf(image, key));
+    }
+    addPlace(index, image);
+    addDates(index, image);
+}
+
+/// What XMP has in place of EXIF fields, by the keys of those.
+PropertyDictionary xmpFields(const PropertyDictionary& image) {
+    PropertyDictionary fields;
+    for (auto field = image.lower_bound(platform::xmpKeys); field != image.end(); ++field) {
+        fields.emplace(static_cast<platform::PropertyKey>(field->first - platform::xmpKeys),
+                       field->second);
+    }
+    return fields;
 }
 
 }  // namespace
@@ -208,19 +246,11 @@ std::optional<PropertyDictionary> imageIndex(Input& input, std::string_view exte
     const auto image = readImage(input, extension);
     if (!image) return std::nullopt;
     PropertyDictionary index;
-    for (const auto& [attribute, key] : textRows) addText(index, attribute, textOf(*image, key));
-    for (const auto& [attribute, key] : listRows) addTexts(index, attribute, textsOf(*image, key));
-    for (const auto& [attribute, key] : splitRows) {
-        addTexts(index, attribute, listedTexts(textOf(*image, key), ";"));
-    }
-    for (const auto& [attribute, key] : numberRows) {
-        addNumber(index, attribute, numberOf(*image, key));
-    }
+    addFields(index, *image);
+    addFields(index, xmpFields(*image));
     const auto width = numberOf(*image, Key::kCGImagePropertyPixelWidth);
     const auto height = numberOf(*image, Key::kCGImagePropertyPixelHeight);
     if (width && height) addNumber(index, Attribute::kMDItemPixelCount, *width * *height);
-    addPlace(index, *image);
-    addDates(index, *image);
     addEmbedded(index, readEmbeddedTexts(input, imageKindOf(input, extension)));
     addTexts(index, Attribute::kMDItemLayerNames, readPsdLayerNames(input));
     return index;
