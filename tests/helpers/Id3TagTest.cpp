@@ -65,7 +65,8 @@ TEST(Id3Tag, FindsTheFramesOfAllVersionsAndHabits) {
         {tag(2, "TT2\0\0\4\3One"s + "TP1\0\0\4\3Two"s + zeros(20)), "TT2 One|TP1 Two|"},
         {tag(2, "TT2\0\0\4\3One"s, 0x40), ""},
         {tag(3, one + two + zeros(5)), both},
-        {tag(3, one + frame("TALB", "") + two), both},
+        {tag(3, one + frame("TALB", "") + text("TALB", "") + two), both},
+        {tag(3, one + frame("tit2", "junk") + frame("T T2", "junk") + two), both},
         {tag(3, one + frame("????", "junk") + two), both},
         {tag(3, text("TT2 ", "One") + text("TP1\0"s, "Two")), "TT2 One|TP1 Two|"},
         {tag(3, big(6, 4) + zeros(6) + one + two, 0x40), both},
@@ -91,19 +92,19 @@ TEST(Id3Tag, FindsTheFramesOfAllVersionsAndHabits) {
     for (const auto& [file, expected] : files) EXPECT_EQ(framesOf(file), expected);
 }
 
-TEST(Id3Tag, SaysWhereTheTagEnds) {
-    const std::string first = tag(3, text("TIT2", "One"));
-    const std::string second = tag(4, text("TALB", "Two"), 0x10) + zeros(10);
-    const std::string file = first + second + "sound";
+TEST(Id3Tag, ReadsTagsBehindEachOtherAsOne) {
+    const std::string file =
+        tag(3, text("TIT2", "One") + text("TDRC", "2001") + text("TPE1", "Kept")) +
+        tag(4, text("TIT2", "Two") + text("TYER", "1999") + text("TPE1", ""), 0x10) + zeros(10);
+    const std::string withSound = file + "sound";
     SoundTags tags;
-    MemoryInput input(file);
-    EXPECT_EQ(addId3Tag(tags, input, 0, file.size()), first.size());
-    EXPECT_EQ(addId3Tag(tags, input, first.size(), file.size()), first.size() + second.size());
-    EXPECT_EQ(addId3Tag(tags, input, first.size() + second.size(), file.size()),
-              first.size() + second.size());
+    MemoryInput input(withSound);
+    EXPECT_EQ(addId3Tag(tags, input, 0, input.size()), file.size());
+    EXPECT_THAT(tags.common, ElementsAre(Pair(Key::commonKeyTitle, "Two"),
+                                         Pair(Key::commonKeyCreationDate, "2001"),
+                                         Pair(Key::commonKeyArtist, "Kept")));
+    EXPECT_EQ(addId3Tag(tags, input, file.size(), input.size()), file.size());
     EXPECT_EQ(addId3Tag(tags, input, ~std::uint64_t{0}, ~std::uint64_t{0}), ~std::uint64_t{0});
-    EXPECT_THAT(tags.common, ElementsAre(Pair(Key::commonKeyTitle, "One"),
-                                         Pair(Key::commonKeyAlbumName, "Two")));
 }
 
 TEST(Id3Tag, DecodesByWhatTheTextsShow) {
@@ -131,7 +132,8 @@ TEST(Id3Tag, WritesWhatIsUnusualInAForm) {
          "Rock, Remix, Cover, (Odd), (999)x, 300"},
         {"TIPL", "\3mix\0Ann\0\0Bob\0cut"s, "mix: Ann, Bob, cut"},
         {"TXXX", "\3\0a\0b"s, "a, b"},
-        {"COMM", "\3engno end", "no end"},
+        {"TPE1", "\3One \r\n\0\n\0Two\nLines\n"s, "One, Two\nLines"},
+        {"COMM", "\3engno end\n", "no end\n"},
         {"LINK", "TT2http://a.example\0"s, "TT2: http://a.example"},
         {"POPM", "who\0\0"s, "who"},
         {"PCNT", "\0\0\0\0\0\0\0\0\1\0\0\0\0"s, "4294967296"},
@@ -160,7 +162,8 @@ TEST(Id3Tag, SetsTheCommonKeysByPreference) {
     const SoundTags tags = read(tag(
         3, text("TOLY", "Second") + text("TEXT", "") + text("TYER", "2001") + text("TDAT", "0302") +
                text("TIME", "1530") + text("TDRL", "1999") + frame("COMM", "\3engabout\0First"s) +
-               frame("COMM", "\3eng\0Second"s) + frame("USLT", "\3engname\0La la"s) +
+               frame("COMM", "\3eng\0Second"s) + frame("USLT", "\3eng\0Li"s) +
+               frame("USLT", "\3engname\0La la"s) + text("TXXX", "make\0Old"s) +
                text("TXXX", "MAKE\0Maker"s) + text("TXXX", "publisher\0House"s) +
                text("TXXX", "Keywords\0sea, sky; ;sun"s) + text("TMED", "DIG") +
                text("TXXX", "com.apple.quicktime.location.ISO6709\0+52+013/"s) +
@@ -175,15 +178,20 @@ TEST(Id3Tag, SetsTheCommonKeysByPreference) {
     EXPECT_EQ(tags.comment, "Second");
     EXPECT_EQ(tags.lyrics, "La la");
     EXPECT_THAT(tags.keywords, ElementsAre("sea", "sky", "sun"));
+    for (const std::string name : {"USLT", "lyrics-eng", "Lyrics"}) {
+        EXPECT_EQ(read(tag(3, text("TXXX", name + "\0La la"s))).lyrics, "La la");
+    }
 }
 
 TEST(Id3Tag, BoundsFramesAndTexts) {
     std::string many;
     for (int i = 0; i < 20'000; ++i) many += text("TIT2", "x");
     EXPECT_EQ(read(tag(3, many)).id3.size(), maximumSteps);
-    std::string large;
-    for (int i = 0; i < 5; ++i) large += text("TIT2", std::string(1'000'000, 'x'));
-    EXPECT_EQ(read(tag(3, large)).id3.size(), 2U);
+    const std::string large = tag(3, text("TIT2", std::string(500'000, 'x')));
+    std::string tags;
+    for (int i = 0; i < 8; ++i) tags += large;
+    EXPECT_EQ(read(tags).id3.size(), 4U);
+    EXPECT_TRUE(read(tag(3, text("TIT2", std::string(1'048'576, 'x')))).id3.empty());
 }
 
 TEST(Id3V1, AddsWhatIsMissing) {

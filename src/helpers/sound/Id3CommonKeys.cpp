@@ -5,12 +5,16 @@
 #include <array>
 #include <string>
 
+#include "helpers/sound/PlainTagNames.h"
+#include "helpers/sound/TagFields.h"
+
 namespace marquell::helpers {
 namespace {
 
 using Key = platform::AudioVisualPropertyKey;
 
 constexpr std::string_view userText = "TXXX";
+constexpr std::string_view lyrics = "USLT";
 constexpr std::string_view comment = "COMM";
 /// Counts less than one that stands for itself.
 constexpr std::string_view describedComment = "COMM with a description";
@@ -46,7 +50,7 @@ constexpr std::array rows = {
     TagRow{"WCOP", Key::commonKeyCopyrights},
     TagRow{"TSSE", Key::commonKeySoftware},
     TagRow{"TENC", Key::commonKeySoftware},
-    TagRow{"USLT", TagPlace::lyrics},
+    TagRow{lyrics, TagPlace::lyrics},
     TagRow{"SYLT", TagPlace::lyrics},
     TagRow{comment, TagPlace::comment},
     TagRow{describedComment, TagPlace::comment},
@@ -77,23 +81,40 @@ std::string datedYear(const TagFields& frames) {
     return date + "T" + time.substr(0, 2) + ":" + time.substr(2);
 }
 
+/// What the text is by the names of other formats. Some programs can't write frames for lyrics:
+/// they have user texts with the name of such a frame, or "lyrics-eng" for a language.
+std::string_view userTextName(std::string_view description) {
+    constexpr std::string_view inLanguage = "lyrics-";
+    constexpr std::size_t languageLength = 3;
+    const bool isLyrics =
+        description == lyrics || (description.starts_with(inLanguage) &&
+                                  description.size() == inLanguage.size() + languageLength);
+    return isLyrics ? "lyrics" : description;
+}
+
 }  // namespace
 
 void Id3CommonKeys::add(std::string_view id, const Id3Text& text) {
-    if (id == userText) {
-        userTexts_.add(text.description, text.text);
-    } else {
-        const bool isDescribed = id == comment && !text.description.empty();
-        frames_.add(isDescribed ? describedComment : id, text.text);
-    }
+    if (!text.text.empty()) frames_.push_back({std::string(id), text.description, text.text});
 }
 
 void Id3CommonKeys::addTo(SoundTags& tags) const {
+    TagFields frames;
+    NamedTagFields userTexts;
+    // The first of a name counts there.
+    std::for_each(frames_.rbegin(), frames_.rend(), [&](const Frame& frame) {
+        if (frame.id == userText) {
+            userTexts.add(userTextName(frame.description), frame.text);
+        } else {
+            const bool isDescribed = frame.id == comment && !frame.description.empty();
+            frames.add(isDescribed ? describedComment : std::string_view(frame.id), frame.text);
+        }
+    });
     TagFields fields;
-    fields.add("TYER", datedYear(frames_));
-    for (const auto& [id, text] : frames_.all()) fields.add(id, text);
+    fields.add("TYER", datedYear(frames));
+    for (const auto& [id, text] : frames.all()) fields.add(id, text);
     addFields(tags, fields, rows);
-    userTexts_.addTo(tags);
+    userTexts.addTo(tags);
 }
 
 }  // namespace marquell::helpers

@@ -9,7 +9,7 @@
 namespace marquell::helpers {
 namespace {
 
-constexpr std::size_t maximumLength = std::size_t{4} * 1024 * 1024;
+constexpr std::size_t maximumLength = std::size_t{1024} * 1024;
 /// Far more than texts of any length reach.
 constexpr std::size_t maximumRatio = 64;
 
@@ -47,10 +47,11 @@ void undoUnsynchronisation(std::string& bytes) {
 std::optional<std::string> Id3Contents::read(const Id3FrameHeader& frame) {
     const Flags& flags = version_ == 4 ? version4 : version3;
     const auto has = [&frame](std::uint64_t flag) { return (frame.flags & flag) != 0; };
-    if (has(flags.encrypted) || frame.length > std::min(maximumLength, left_)) return std::nullopt;
+    const bool isTooLong = frame.length > std::min(maximumLength, bytesLeft_);
+    if (has(flags.encrypted) || isTooLong) return std::nullopt;
     std::string content = input_.bytesAt(frame.begin, static_cast<std::size_t>(frame.length));
     if (content.size() < frame.length) return std::nullopt;
-    left_ -= content.size();
+    bytesLeft_ -= content.size();
     if (version_ == 4 && (isUnsynchronised_ || has(flags.unsynchronised))) {
         undoUnsynchronisation(content);
     }
@@ -64,7 +65,8 @@ std::optional<std::string> Id3Contents::read(const Id3FrameHeader& frame) {
 }
 
 std::optional<std::string> Id3Contents::inflated(std::string_view compressed) {
-    const std::size_t limit = std::min({maximumLength, left_, compressed.size() * maximumRatio});
+    const std::size_t limit =
+        std::min({maximumLength, bytesLeft_, compressed.size() * maximumRatio});
     z_stream stream = {};
     if (::inflateInit(&stream) != Z_OK) return std::nullopt;
     std::string in(compressed);
@@ -81,7 +83,7 @@ std::optional<std::string> Id3Contents::inflated(std::string_view compressed) {
     }
     ::inflateEnd(&stream);
     // Also what turns out to be too much was work.
-    left_ -= std::min(left_, plain.size());
+    bytesLeft_ -= std::min(bytesLeft_, plain.size());
     if (status != Z_STREAM_END || plain.size() > limit) return std::nullopt;
     return plain;
 }

@@ -15,13 +15,16 @@ namespace marquell::helpers {
 /// been put into, but were not, stay as they are: that a tag says so doesn't make it true.
 void undoUnsynchronisation(std::string& bytes);
 
-/// Reads the contents of a tag's frames in their plain form. What all of them take together is
-/// limited.
+/// Reads the contents of a tag's frames in their plain form.
 class Id3Contents {
 public:
-    /// `isUnsynchronised`: what the tag says of all its frames.
-    Id3Contents(Input& input, unsigned version, bool isUnsynchronised)
-        : input_(input), version_(version), isUnsynchronised_(isUnsynchronised) {}
+    /// `isUnsynchronised`: what the tag says of all its frames. `bytesLeft` counts down what they
+    /// take.
+    Id3Contents(Input& input, unsigned version, bool isUnsynchronised, std::size_t& bytesLeft)
+        : input_(input),
+          version_(version),
+          isUnsynchronised_(isUnsynchronised),
+          bytesLeft_(bytesLeft) {}
 
     /// Absent if it is encrypted, broken or too long.
     std::optional<std::string> read(const Id3FrameHeader& frame);
@@ -32,7 +35,7 @@ private:
     Input& input_;
     const unsigned version_;
     const bool isUnsynchronised_;
-    std::size_t left_ = std::size_t{8} * 1024 * 1024;
+    std::size_t& bytesLeft_;
 };
 
 }  // namespace marquell::helpers

@@ -57,7 +57,10 @@ void Id3Fields::takeEncoding() {
 
 std::vector<std::string> Id3Fields::texts() {
     std::vector<std::string> texts;
-    while (left() > 0 && texts.size() < maximumSteps) texts.push_back(text());
+    while (left() > 0 && texts.size() < maximumSteps) {
+        std::string& last = texts.emplace_back(text());
+        last.resize(last.find_last_not_of("\r\n ") + 1);
+    }
     return texts;
 }
 

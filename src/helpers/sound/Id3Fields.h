@@ -31,7 +31,8 @@ public:
     void takeEncoding();
     /// A text of the declared encoding, with what ends it.
     std::string text() { return decoded(textBytes()); }
-    /// All texts that are left, at most maximumSteps; those in between may be empty.
+    /// All texts that are left, each without line breaks at its end; at most maximumSteps. Some may
+    /// be empty.
     std::vector<std::string> texts();
     std::string latin();
 

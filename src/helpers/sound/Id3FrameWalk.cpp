@@ -28,7 +28,8 @@ bool isPrintable(char letter) { return letter >= ' ' && letter <= '~'; }
 
 bool Id3FrameWalk::next(Id3FrameHeader& frame) {
     const std::size_t wanted = headerLength(version_);
-    while (steps_++ < maximumSteps && isWithin(0)) {
+    while (stepsLeft_ > 0 && isWithin(0)) {
+        --stepsLeft_;
         const std::string header = input_.bytesAt(position_, wanted);
         if (header.size() < wanted) return false;
         const std::string_view idBytes(header.data(), version_ == 2 ? 3 : 4);

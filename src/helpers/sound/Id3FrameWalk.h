@@ -19,15 +19,16 @@ struct Id3FrameHeader {
     std::uint64_t flags = 0;  ///< the byte about the form of the content; 0 in ID3v2.2
 };
 
-/// Goes over the frames between `begin` and `end`, at most maximumSteps of them. Those without
-/// content are left out.
+/// Goes over the frames between `begin` and `end`. Those without content are left out.
 class Id3FrameWalk {
 public:
-    /// `version` is 2 to 4, for ID3v2.2 to 2.4.
-    Id3FrameWalk(Input& input, std::uint64_t begin, std::uint64_t end, unsigned version)
-        : input_(input), position_(begin), end_(end), version_(version) {}
+    /// `version` is 2 to 4, for ID3v2.2 to 2.4. `stepsLeft` counts the frames down.
+    Id3FrameWalk(Input& input, std::uint64_t begin, std::uint64_t end, unsigned version,
+                 std::size_t& stepsLeft)
+        : input_(input), position_(begin), end_(end), version_(version), stepsLeft_(stepsLeft) {}
 
-    /// False at the end, which padding or a frame that leads beyond it makes too.
+    /// False at the end, which padding or a frame that leads beyond it makes too, and when there
+    /// have been enough of them.
     bool next(Id3FrameHeader& frame);
 
 private:
@@ -39,7 +40,7 @@ private:
     std::uint64_t position_;
     const std::uint64_t end_;
     const unsigned version_;
-    std::size_t steps_ = 0;
+    std::size_t& stepsLeft_;
 };
 
 /// The number that 4 bytes of 7 bits make; absent if one has more, or not all are there.

@@ -16,11 +16,6 @@
 namespace marquell::helpers {
 namespace {
 
-/// The texts of all of a file's frames together.
-constexpr std::size_t maximumTextLength = std::size_t{2} * 1024 * 1024;
-/// Of a tag that must be read whole, pictures included.
-constexpr std::size_t maximumWholeLength = std::size_t{16} * 1024 * 1024;
-
 struct TagHeader {
     unsigned version = 0;  ///< 2 to 4
     bool isUnsynchronised = false;
@@ -62,15 +57,41 @@ std::uint64_t extendedHeaderLength(Input& input, std::uint64_t begin, unsigned v
     return version == 4 ? id3Number(bytes, 0).value_or(0) : 4 + length;
 }
 
-void addFrames(SoundTags& tags, Input& input, const TagHeader& tag) {
+/// Reads the tags of one file, with bounds for all of them together.
+class TagReader {
+public:
+    explicit TagReader(SoundTags& tags) : tags_(tags) {}
+
+    void add(Input& input, const TagHeader& tag) {
+        if (tag.isCompressed) return;
+        if (tag.isUnsynchronised && tag.version < 4) {
+            addWholeTag(input, tag);
+        } else {
+            addFrames(input, tag);
+        }
+    }
+
+    void addCommonKeys() { keys_.addTo(tags_); }
+
+private:
+    void addFrames(Input& input, const TagHeader& tag);
+    void addWholeTag(Input& input, TagHeader tag);
+
+    SoundTags& tags_;
+    Id3CommonKeys keys_;
+    std::size_t stepsLeft_ = maximumSteps;
+    std::size_t contentLeft_ = std::size_t{4} * 1024 * 1024;
+    std::size_t textLeft_ = std::size_t{2} * 1024 * 1024;
+    /// For tags that must be read whole, pictures included.
+    std::size_t wholeLeft_ = std::size_t{16} * 1024 * 1024;
+};
+
+void TagReader::addFrames(Input& input, const TagHeader& tag) {
     std::uint64_t begin = tag.begin;
     if (tag.hasExtendedHeader) begin += extendedHeaderLength(input, begin, tag.version);
-    std::size_t textLength = 0;
-    for (const Id3Frame& frame : tags.id3) textLength += frame.text.size();
-    Id3CommonKeys keys;
-    Id3Contents contents(input, tag.version, tag.isUnsynchronised);
-    Id3FrameWalk walk(input, begin, tag.end, tag.version);
-    for (Id3FrameHeader frame; tags.id3.size() < maximumSteps && walk.next(frame);) {
+    Id3Contents contents(input, tag.version, tag.isUnsynchronised, contentLeft_);
+    Id3FrameWalk walk(input, begin, tag.end, tag.version, stepsLeft_);
+    for (Id3FrameHeader frame; textLeft_ > 0 && walk.next(frame);) {
         const std::string_view id = currentId3FrameId(frame.id);
         if (!canHaveId3Text(id)) continue;
         const auto content = contents.read(frame);
@@ -78,37 +99,53 @@ void addFrames(SoundTags& tags, Input& input, const TagHeader& tag) {
         const auto text = id3Text(id, *content);
         if (!text) continue;
         std::string written = text->written();
-        if (written.size() > maximumTextLength - textLength) continue;
-        textLength += written.size();
-        keys.add(id, *text);
-        tags.id3.push_back({frame.id, std::move(written)});
+        if (written.empty()) continue;
+        const bool fits = written.size() <= textLeft_;
+        // A text that is too much was as much work as one that isn't.
+        textLeft_ -= std::min(textLeft_, written.size());
+        if (!fits) return;
+        keys_.add(id, *text);
+        tags_.id3.push_back({frame.id, std::move(written)});
     }
-    keys.addTo(tags);
 }
 
 /// In older tags the zeros are anywhere, headers of frames included.
-void addWholeTag(SoundTags& tags, Input& input, TagHeader tag) {
+void TagReader::addWholeTag(Input& input, TagHeader tag) {
     const auto length =
-        static_cast<std::size_t>(std::min<std::uint64_t>(tag.end - tag.begin, maximumWholeLength));
+        static_cast<std::size_t>(std::min<std::uint64_t>(tag.end - tag.begin, wholeLeft_));
+    wholeLeft_ -= length;
     std::string bytes = input.bytesAt(tag.begin, length);
     undoUnsynchronisation(bytes);
     MemoryInput plain(bytes);
     tag.begin = 0;
     tag.end = bytes.size();
-    addFrames(tags, plain, tag);
+    addFrames(plain, tag);
 }
 
 }  // namespace
 
 std::uint64_t addId3Tag(SoundTags& tags, Input& input, std::uint64_t begin, std::uint64_t end) {
-    const auto tag = readTagHeader(input, begin, end);
-    if (!tag) return begin;
-    if (tag->isUnsynchronised && tag->version < 4) {
-        if (!tag->isCompressed) addWholeTag(tags, input, *tag);
-    } else if (!tag->isCompressed) {
-        addFrames(tags, input, *tag);
+    // More than a few are none that people made.
+    constexpr int most = 16;
+    TagReader reader(tags);
+    for (int count = 0; count < most; ++count) {
+        const auto tag = readTagHeader(input, begin, end);
+        if (!tag) break;
+        reader.add(input, *tag);
+        begin = tag->after;
     }
-    return tag->after;
+    reader.addCommonKeys();
+    return begin;
+}
+
+std::uint64_t id3TagsEnd(Input& input) {
+    std::uint64_t position = 0;
+    for (std::size_t count = 0; count < maximumSteps; ++count) {
+        const auto tag = readTagHeader(input, position, input.size());
+        if (!tag) return position;
+        position = tag->after;
+    }
+    return input.size();
 }
 
 }  // namespace marquell::helpers

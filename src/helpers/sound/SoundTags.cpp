@@ -29,19 +29,6 @@ bool contains(const List& list, std::string_view text) {
     return std::find(list.begin(), list.end(), text) != list.end();
 }
 
-/// Where the tags that lie behind each other end.
-std::uint64_t addId3Tags(SoundTags& tags, Input& input) {
-    // More than a few are none that people made.
-    constexpr int most = 16;
-    std::uint64_t position = 0;
-    for (int count = 0; count < most; ++count) {
-        const std::uint64_t end = addId3Tag(tags, input, position, input.size());
-        if (end <= position) break;
-        position = end;
-    }
-    return position;
-}
-
 bool isStreamOfFrames(Input& input, std::string_view extension) {
     const std::string start = input.bytesAt(0, 2);
     const bool isMpeg = bigEndian(start, 0, 2) >> 5U == 0x7FF;
@@ -62,7 +49,7 @@ SoundTags readSoundTags(Input& input, std::string_view extension) {
     const std::string start = input.bytesAt(0, 8);
     const ChunkFile chunkFile = chunkFileOf(input);
     if (start.starts_with("ID3")) {
-        const std::uint64_t end = addId3Tags(tags, input);
+        const std::uint64_t end = addId3Tag(tags, input, 0, input.size());
         if (input.bytesAt(end, 4) == "fLaC") {
             addFlacTags(tags, bounded, end);
         } else {

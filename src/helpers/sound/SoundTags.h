@@ -15,7 +15,7 @@ namespace marquell::helpers {
 /// A frame of an ID3 tag in its written form.
 struct Id3Frame {
     std::string id;    ///< as it stands in the file: 3 letters in ID3v2.2, else 4
-    std::string text;  ///< clean UTF-8; may be empty
+    std::string text;  ///< clean UTF-8, not empty
 };
 
 /// What a sound or video file says of itself in tags. All texts are clean UTF-8, without blanks and
