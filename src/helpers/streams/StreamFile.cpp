@@ -5,6 +5,7 @@
 #include <ctime>
 #include <span>
 
+#include "helpers/sound/Id3Tag.h"
 #include "helpers/streams/StreamFormats.h"
 
 namespace marquell::helpers {
@@ -34,7 +35,9 @@ void StreamFile::IoDeleter::operator()(AVIOContext* io) const {
 }
 
 StreamFile::StreamFile(Input& input, std::string_view extension)
-    : source_{input, 0, processorTimeNow() + processorTime} {
+    // In these tags the library takes time that grows with the square of the fields, seconds for
+    // some MB, and a lot of memory. readSoundTags has what is in them.
+    : source_{input, id3TagsEnd(input), 0, processorTimeNow() + processorTime} {
     auto* const buffer = static_cast<unsigned char*>(av_malloc(bufferLength));
     if (buffer == nullptr) return;
     io_.reset(avio_alloc_context(buffer, bufferLength, 0, &source_, read, nullptr, seek));
@@ -42,7 +45,7 @@ StreamFile::StreamFile(Input& input, std::string_view extension)
         av_free(buffer);
         return;
     }
-    const char* const format = streamFormatOf(input, extension);
+    const char* const format = streamFormatOf(input, source_.begin, extension);
     if (format != nullptr) open(av_find_input_format(format));
     if (context_ == nullptr) open(nullptr);
 }
@@ -84,15 +87,15 @@ int StreamFile::read(void* source, std::uint8_t* buffer, int length) {
     auto& from = *static_cast<Source*>(source);
     if (isOverdue(source) != 0) return AVERROR_EXIT;
     const std::span<std::uint8_t> bytes(buffer, static_cast<std::size_t>(std::max(length, 0)));
-    const std::size_t count =
-        from.input.readAt(from.position, {reinterpret_cast<char*>(bytes.data()), bytes.size()});
+    const std::size_t count = from.input.readAt(
+        from.begin + from.position, {reinterpret_cast<char*>(bytes.data()), bytes.size()});
     from.position += count;
     return count > 0 ? static_cast<int>(count) : AVERROR_EOF;
 }
 
 std::int64_t StreamFile::seek(void* source, std::int64_t offset, int whence) {
     auto& from = *static_cast<Source*>(source);
-    if (whence == AVSEEK_SIZE) return static_cast<std::int64_t>(from.input.size());
+    if (whence == AVSEEK_SIZE) return static_cast<std::int64_t>(from.input.size() - from.begin);
     if (whence != SEEK_SET || offset < 0) return AVERROR(EINVAL);
     from.position = static_cast<std::uint64_t>(offset);
     return offset;

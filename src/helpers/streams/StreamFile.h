@@ -13,7 +13,8 @@ extern "C" {
 
 namespace marquell::helpers {
 
-/// A sound or video file opened by the media library, which gets to see nothing but its bytes.
+/// A sound or video file opened by the media library, which gets to see nothing but its bytes
+/// behind the ID3 tags that it may begin with.
 class StreamFile {
 public:
     /// `extension` helps to tell the format of what has no signature. The input must live as long.
@@ -25,6 +26,9 @@ public:
     /// What the header says; null if the format is none of sound or video. Owned by this.
     const AVFormatContext* context() const { return context_; }
 
+    /// How many bytes precede those that the library sees.
+    std::uint64_t tagLength() const { return source_.begin; }
+
     /// Has packets read, and some of them decoded, for what the header does not say: costs many
     /// times what opening does.
     void readPackets();
@@ -32,8 +36,9 @@ public:
 private:
     struct Source {
         Input& input;
-        std::uint64_t position;
-        std::int64_t deadline;  ///< in processor time of this process, nanoseconds
+        std::uint64_t begin;
+        std::uint64_t position;  ///< behind `begin`
+        std::int64_t deadline;   ///< in processor time of this process, nanoseconds
     };
     struct IoDeleter {
         void operator()(AVIOContext* io) const;

@@ -93,17 +93,6 @@ bool hasSignature(std::string_view start, const Signature& row) {
     return start.size() > row.offset && start.substr(row.offset).starts_with(row.bytes);
 }
 
-/// Where the content begins behind an ID3 tag.
-std::uint64_t contentBegin(std::string_view start) {
-    constexpr std::size_t headerLength = 10;
-    if (start.size() < headerLength || !start.starts_with("ID3")) return 0;
-    std::uint64_t length = 0;
-    for (const char byte : start.substr(6, 4)) {
-        length = length << 7U | (static_cast<unsigned char>(byte) & 0x7FU);
-    }
-    return headerLength + length;
-}
-
 const char* signedFormatOf(std::string_view start, std::span<const Signature> rows) {
     for (const Signature& row : rows) {
         if (hasSignature(start, row)) return row.format;
@@ -134,13 +123,12 @@ const std::string& streamFormats() {
     return joined;
 }
 
-const char* streamFormatOf(Input& input, std::string_view extension) {
+const char* streamFormatOf(Input& input, std::uint64_t tagLength, std::string_view extension) {
     constexpr std::size_t length = 32;
     const std::string start = input.bytesAt(0, length);
-    const std::uint64_t begin = contentBegin(start);
-    const std::string content = begin == 0 ? start : input.bytesAt(begin, length);
+    const std::string content = tagLength == 0 ? start : input.bytesAt(tagLength, length);
     if (const char* const format = signedFormatOf(content, signatures)) return format;
-    if (begin > 0) {
+    if (tagLength > 0) {
         // Few bits alone say it, but few other things stand behind such a tag.
         if (const char* const format = signedFormatOf(content, likelyStarts)) return format;
     }

@@ -27,6 +27,12 @@ namespace {
 using platform::IndexAttribute;
 using platform::PropertyDictionary;
 
+/// In bytes.
+struct FileLengths {
+    std::uint64_t whole = 0;
+    std::uint64_t tags = 0;  ///< in front
+};
+
 struct Kind {
     AVMediaType type = AVMEDIA_TYPE_UNKNOWN;
     const char* name = nullptr;
@@ -123,15 +129,17 @@ bool isComplete(const AVFormatContext& context) {
            std::ranges::all_of(streams, [](const AVStream* stream) { return isComplete(*stream); });
 }
 
-std::optional<double> totalBitRate(const AVFormatContext& context, std::uint64_t bytes) {
+std::optional<double> totalBitRate(const AVFormatContext& context, FileLengths lengths) {
     const auto seconds = secondsOf(context);
     if (!seconds) return std::nullopt;
-    if (context.bit_rate > 0) return context.bit_rate;
-    return std::round(static_cast<double>(bytes) * 8 / *seconds);
+    // The library's own is that of what it sees.
+    if (lengths.tags == 0 && context.bit_rate > 0) return context.bit_rate;
+    return std::floor(static_cast<double>(lengths.whole) * 8 / *seconds);
 }
 
-/// The length of the file without its pictures.
-std::uint64_t playedBytes(const AVFormatContext& context, std::uint64_t bytes) {
+/// The length of the file without its tags and pictures.
+std::uint64_t playedBytes(const AVFormatContext& context, FileLengths lengths) {
+    std::uint64_t bytes = lengths.whole - lengths.tags;
     for (const AVStream* const stream : std::span(context.streams, context.nb_streams)) {
         const auto picture = static_cast<std::uint64_t>(std::max(stream->attached_pic.size, 0));
         if (isPicture(*stream) && picture < bytes) bytes -= picture;
@@ -141,7 +149,7 @@ std::uint64_t playedBytes(const AVFormatContext& context, std::uint64_t bytes) {
 
 /// The rates of the streams; where only one of them is not stated, it is what the others leave.
 std::vector<std::optional<double>> bitRates(const AVFormatContext& context, const Streams& streams,
-                                            std::uint64_t bytes) {
+                                            FileLengths lengths) {
     std::vector<std::optional<double>> rates;
     double stated = 0;
     for (const AVStream* const stream : streams) {
@@ -151,14 +159,14 @@ std::vector<std::optional<double>> bitRates(const AVFormatContext& context, cons
     const auto seconds = secondsOf(context);
     constexpr std::optional<double> unknown;
     if (std::ranges::count(rates, unknown) != 1 || !seconds) return rates;
-    const double rest = static_cast<double>(playedBytes(context, bytes)) * 8 / *seconds - stated;
+    const double rest = static_cast<double>(playedBytes(context, lengths)) * 8 / *seconds - stated;
     if (rest > 0) *std::ranges::find(rates, unknown) = rest;
     return rates;
 }
 
 void addBitRates(PropertyDictionary& index, const AVFormatContext& context, const Streams& streams,
-                 std::uint64_t bytes) {
-    const auto rates = bitRates(context, streams, bytes);
+                 FileLengths lengths) {
+    const auto rates = bitRates(context, streams, lengths);
     for (const Kind& kind : kinds) {
         if (!kind.bitRate) continue;
         std::optional<double> sum;
@@ -168,7 +176,7 @@ void addBitRates(PropertyDictionary& index, const AVFormatContext& context, cons
         }
         if (sum) addNumber(index, *kind.bitRate, std::round(*sum));
     }
-    addNumber(index, IndexAttribute::kMDItemTotalBitRate, totalBitRate(context, bytes));
+    addNumber(index, IndexAttribute::kMDItemTotalBitRate, totalBitRate(context, lengths));
 }
 
 void addKindsAndCodecs(PropertyDictionary& index, const Streams& streams) {
@@ -199,14 +207,14 @@ void addParameters(PropertyDictionary& index, const Streams& streams) {
     }
 }
 
-void addStreams(PropertyDictionary& index, StreamFile& file, std::uint64_t bytes) {
+void addStreams(PropertyDictionary& index, StreamFile& file, std::uint64_t length) {
     const AVFormatContext& context = *file.context();
     if (!isComplete(context)) file.readPackets();
     const Streams streams = playedStreams(context);
     addKindsAndCodecs(index, streams);
     addParameters(index, streams);
     addNumber(index, IndexAttribute::kMDItemDurationSeconds, secondsOf(context));
-    if (!streams.empty()) addBitRates(index, context, streams, bytes);
+    if (!streams.empty()) addBitRates(index, context, streams, {length, file.tagLength()});
 }
 
 }  // namespace
