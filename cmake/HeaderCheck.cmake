@@ -13,5 +13,6 @@ endforeach()
 
 add_library(marquell_header_check OBJECT EXCLUDE_FROM_ALL ${sources})
 target_include_directories(marquell_header_check PRIVATE "${PROJECT_SOURCE_DIR}/tests")
-target_link_libraries(marquell_header_check PRIVATE marquell_core marquell_compiler)
+target_link_libraries(marquell_header_check PRIVATE
+    marquell_core marquell_compiler PkgConfig::FFMPEG PkgConfig::POPPLER PkgConfig::PUGIXML)
 target_compile_options(marquell_header_check PRIVATE -O0)
