@@ -119,16 +119,21 @@ bool isNameRight(const std::string& type, const std::string& content) {
            (containerOf(type) != Container::none && containerOf(type) == containerOf(content));
 }
 
+/// The type of the content, as far as it is told beyond doubt; else the one by name.
+std::string typeByContent(std::string_view start, const std::string& byName) {
+    std::string content = guessed("", start);
+    // Its signature may stand anywhere in front, and so in a text about it.
+    if (content == "application/pdf" && !start.starts_with("%PDF-")) return byName;
+    return content;
+}
+
 }  // namespace
 
 ContentType contentType(std::string_view name, std::string_view start) {
     const std::string text = displayText(name);
-    if (start.empty()) {
-        std::string type = typeByName(text, start);
-        return {type, type};
-    }
     std::string type = typeByName(text, start);
-    std::string content = guessed("", start);
+    if (start.empty()) return {type, type};
+    std::string content = typeByContent(start, type);
     if (!isNameRight(type, content)) return {content, content};
     return {type, isMedia(content) || content == "application/pdf" ? content : type};
 }

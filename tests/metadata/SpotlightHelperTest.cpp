@@ -182,6 +182,7 @@ TEST(ContentType, GoesByNameUnlessTheContentIsPlainlySomethingElse) {
         {"a.m4a", mp4, "audio/mp4", "video/mp4"},
         {"a.mp3", "fLaC\0\0\0\x22"sv, "audio/flac", "audio/flac"},
         {"a.flac", "ID3\3"sv, "audio/flac", "audio/mpeg"},
+        {"a.py", "# %PDF-1.4\n", "text/x-python", "text/x-python"},
         {"a.docx", "%PDF-1.4\n", "application/pdf", "application/pdf"},
         {"a.jpg", mp4, "video/mp4", "video/mp4"},
         {"a.docx", "PK\3\4",
