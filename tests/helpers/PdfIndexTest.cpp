@@ -97,6 +97,9 @@ TEST(PdfIndex, KeepsTheVersionOfWhatIsBroken) {
         {static_cast<platform::PropertyKey>(IndexAttribute::kMDItemVersion), "1.6"}};
     EXPECT_EQ(read("%PDF-1.6\nnothing else"), version);
     EXPECT_EQ(read("junk before %PDF-1.6"), version);
+    std::string endless = "%PDF-1.6\n";  // each is read to the end of the file: hours
+    for (int i = 0; i < 1'000'000; ++i) endless += "trailer<<\n";
+    EXPECT_EQ(read(endless), version);
     EXPECT_EQ(read("%!PS-Adobe-3.0"), std::nullopt);
     EXPECT_EQ(read(""), std::nullopt);
 }

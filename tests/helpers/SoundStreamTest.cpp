@@ -85,6 +85,9 @@ TEST(SoundStream, ReadsHeadersOfAllKinds) {
              "data" + big(4 + 1000, 8) + zeros(1004) + "pakt" + big(24, 8) + big(1, 8) +
                  big(4000, 8) + zeros(8)),
          "Apple Lossless", 0.5, 16000, 24},
+        {caf("alac", 0, 0,
+             "kuki" + big(48, 8) + big(12, 4) + "frmaalac" + zeros(12 + 5) + "\x14" + zeros(18)),
+         "Apple Lossless", 0, -1, 20},
         {".snd" + big(24, 4) + big(0xFFFFFFFF, 4) + big(1, 4) + big(8000, 4) + big(2, 4) +
              zeros(1600),
          "\u00B5-law", 0.1, 128000, 8},

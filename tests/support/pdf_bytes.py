@@ -130,6 +130,8 @@ def hostile():
         for end in (b"", closing * DEEP):
             yield f"nested {name}, {'closed' if end else 'open'}", document(
                 [CATALOG, PAGES, b"<</Title " + opening * DEEP + end + b">>"], INFO)
+    yield "long nested arrays", document(
+        [CATALOG, PAGES, b"<</Author " + b"[" * 4 * DEEP + b"]" * 4 * DEEP + b">>"], INFO)
     yield "nested metadata", document([catalog, PAGES, deflated(b"", b"<a>" * DEEP)])
     yield "entities in metadata", document([catalog, PAGES, stream(b"", (
         b'<!DOCTYPE x [<!ENTITY a "%b">%b]><x>&b9;</x>' % (b"x" * 100, b"".join(
@@ -139,6 +141,8 @@ def hostile():
     yield "many keywords", document(
         [CATALOG, PAGES, b"<</Keywords(%b)>>" % (b"a," * MEGABYTE)], INFO)
     yield "no table, many objects", document([CATALOG, PAGES] + [b"null"] * DEEP, table=False)
+    for start in (b"1 0 obj<<", b"trailer<<\n"):
+        yield f"no table, many {start[:7].decode()}", b"%PDF-1.4\n" + start * 3 * MEGABYTE
     yield "nothing but a beginning", b"%PDF-1.7\n" + b"\n" * 4 * MEGABYTE
     yield "encryption out of range", document(
         [CATALOG, PAGES], b"/Root 1 0 R/ID[<00><00>]/Encrypt<</Filter/Standard/V 5/R 6/Length 256"

@@ -28,10 +28,18 @@ Description descriptionOf(std::string_view bytes) {
             bigEndian(bytes, 28, 4)};
 }
 
-/// Apple Lossless says by its flags what its samples were.
-std::uint64_t bitsPerSample(const Description& description) {
+/// From the settings of the decoder, before which older writers have two boxes of 12 bytes.
+std::uint64_t losslessBitsOf(std::string_view cookie) {
+    if (cookie.size() > 24 && cookie.substr(4, 4) == "frma") cookie.remove_prefix(24);
+    const std::uint64_t bits = bigEndian(cookie, 5, 1);
+    return bits <= 32 ? bits : 0;
+}
+
+/// Apple Lossless says by its flags what its samples were, or in its cookie.
+std::uint64_t bitsPerSample(const Description& description, std::string_view cookie) {
     constexpr std::array<std::uint64_t, 5> losslessBits = {0, 16, 20, 24, 32};
     if (description.code != "alac") return description.bitsPerChannel;
+    if (description.flags == 0) return losslessBitsOf(cookie);
     return description.flags < losslessBits.size() ? losslessBits[description.flags] : 0;
 }
 
@@ -47,11 +55,14 @@ std::optional<SoundStream> readCafStream(Input& input) {
     constexpr std::size_t descriptionLength = 32;
     constexpr std::uint64_t editCountLength = 4;
     std::optional<Description> description;
+    std::string cookie;
     SoundNumbers numbers;
     ChunkWalk walk(input, ChunkForm::wide, 8, input.size());
     for (Chunk chunk; walk.next(chunk);) {
         if (chunk.type == fourCharacters("desc") && chunk.length() >= descriptionLength) {
             description = descriptionOf(input.bytesAt(chunk.begin, descriptionLength));
+        } else if (chunk.type == fourCharacters("kuki")) {
+            cookie = input.bytesAt(chunk.begin, std::min<std::size_t>(chunk.length(), 64));
         } else if (chunk.type == fourCharacters("data")) {
             numbers.bytes = chunk.length() - std::min(editCountLength, chunk.length());
         } else if (chunk.type == fourCharacters("pakt")) {
@@ -64,7 +75,7 @@ std::optional<SoundStream> readCafStream(Input& input) {
     SoundStream stream;
     stream.codec = codecOf(*description);
     numbers.sampleRate = description->sampleRate;
-    numbers.bitsPerSample = bitsPerSample(*description);
+    numbers.bitsPerSample = bitsPerSample(*description, cookie);
     if (isUncompressed(stream.codec)) {
         numbers.bitsPerFrame = static_cast<double>(description->bytesPerPacket * 8);
     }

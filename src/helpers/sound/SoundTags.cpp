@@ -36,11 +36,6 @@ bool isStreamOfFrames(Input& input, std::string_view extension) {
     return isMpeg || isAc3 || contains(streamExtensions, extension);
 }
 
-/// Descriptions are often written as comments.
-void completeDescription(SoundTags& tags) {
-    if (!tags.comment.empty()) addTag(tags, Key::commonKeyDescription, tags.comment);
-}
-
 }  // namespace
 
 SoundTags readSoundTags(Input& input, std::string_view extension) {
@@ -73,6 +68,10 @@ SoundTags readSoundTags(Input& input, std::string_view extension) {
     }
     completeDescription(tags);
     return tags;
+}
+
+void completeDescription(SoundTags& tags) {
+    if (!tags.comment.empty()) addTag(tags, Key::commonKeyDescription, tags.comment);
 }
 
 platform::PropertyDictionary soundTagProperties(const SoundTags& tags) {

@@ -45,6 +45,10 @@ struct SoundTags {
 /// bounded time and memory whatever the bytes are.
 SoundTags readSoundTags(Input& input, std::string_view extension);
 
+/// Makes the comment the description of what has none, which is often written so. readSoundTags
+/// has done so.
+void completeDescription(SoundTags& tags);
+
 /// The tags as the soundTags task answers.
 platform::PropertyDictionary soundTagProperties(const SoundTags& tags);
 

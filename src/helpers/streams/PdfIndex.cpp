@@ -13,6 +13,7 @@
 #include "helpers/common/IndexProperties.h"
 #include "helpers/common/TagDate.h"
 #include "helpers/common/TextList.h"
+#include "helpers/streams/PdfBytes.h"
 #include "helpers/streams/PdfText.h"
 #include "helpers/streams/PdfXmp.h"
 #include "helpers/streams/StreamReaders.h"
@@ -102,16 +103,21 @@ std::optional<PropertyDictionary> pdfIndex(Input& input) {
     std::string version = versionOf(input.bytesAt(0, 1024));
     if (version.empty()) return std::nullopt;
     PropertyDictionary index;
-    const auto document = load(input.allBytes());
+    const PdfBytes bytes(input);
+    const auto document = load(bytes.view());
     if (document != nullptr) {
         // A later version than that of the header may be in the catalogue.
         int major = 0;
         int minor = 0;
         document->get_pdf_version(&major, &minor);
-        if (major > 0) version = std::to_string(major) + "." + std::to_string(minor);
         if (!document->is_locked()) {
             addInformation(index, *document);
             addPacket(index, *document);
+        }
+        if (bytes.isBlank()) {
+            index.clear();
+        } else if (major > 0) {
+            version = std::to_string(major) + "." + std::to_string(minor);
         }
     }
     addText(index, IndexAttribute::kMDItemVersion, std::move(version));

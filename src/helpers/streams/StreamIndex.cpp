@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -79,13 +82,26 @@ std::optional<double> bitsPerSample(const AVCodecParameters& codec) {
 /// What MPEG-1 says where the rate varies.
 constexpr std::int64_t variableRate = 0x3FFFF * std::int64_t{400};
 
+/// What writers of Matroska have counted, as a tag of the stream.
+std::optional<double> countedBitRate(const AVStream& stream) {
+    for (const char* const name : {"BPS", "BPS-eng"}) {
+        const AVDictionaryEntry* const entry = av_dict_get(stream.metadata, name, nullptr, 0);
+        if (entry == nullptr) continue;
+        const std::string_view text = entry->value;
+        std::uint32_t rate = 0;
+        const auto [end, error] = std::from_chars(text.begin(), text.end(), rate);
+        if (error == std::errc() && end == text.end() && rate > 0) return rate;
+    }
+    return std::nullopt;
+}
+
 std::optional<double> statedBitRate(const AVStream& stream) {
     const AVCodecParameters& codec = *stream.codecpar;
     if (codec.bit_rate > 0 && codec.bit_rate != variableRate) return codec.bit_rate;
     const int bits = av_get_exact_bits_per_sample(codec.codec_id);
     const double pcmRate = double{1} * bits * codec.sample_rate * codec.ch_layout.nb_channels;
     if (pcmRate > 0) return pcmRate;
-    return std::nullopt;
+    return countedBitRate(stream);
 }
 
 bool isComplete(const AVStream& stream) {
@@ -148,13 +164,16 @@ std::uint64_t playedBytes(const AVFormatContext& context, FileLengths lengths) {
 }
 
 /// The rates of the streams; where only one of them is not stated, it is what the others leave.
+/// Subtitles take next to nothing.
 std::vector<std::optional<double>> bitRates(const AVFormatContext& context, const Streams& streams,
                                             FileLengths lengths) {
     std::vector<std::optional<double>> rates;
     double stated = 0;
     for (const AVStream* const stream : streams) {
-        rates.push_back(statedBitRate(*stream));
-        stated += rates.back().value_or(0);
+        const bool isCounted = kindOf(*stream)->bitRate.has_value();
+        const auto rate = statedBitRate(*stream);
+        rates.push_back(isCounted ? rate : rate.value_or(0));
+        stated += rate.value_or(0);
     }
     const auto seconds = secondsOf(context);
     constexpr std::optional<double> unknown;
@@ -207,6 +226,14 @@ void addParameters(PropertyDictionary& index, const Streams& streams) {
     }
 }
 
+/// Whether readSoundTags reads the format: what it refuses there must not come back from the
+/// library.
+bool hasKnownTags(const AVFormatContext& context) {
+    constexpr std::array<std::string_view, 6> formats = {
+        "mov,mp4,m4a,3gp,3g2,mj2", "wav", "aiff", "caf", "au", "flac"};
+    return std::ranges::find(formats, std::string_view(context.iformat->name)) != formats.end();
+}
+
 void addStreams(PropertyDictionary& index, StreamFile& file, std::uint64_t length) {
     const AVFormatContext& context = *file.context();
     if (!isComplete(context)) file.readPackets();
@@ -225,7 +252,9 @@ std::optional<PropertyDictionary> streamIndex(Input& input, std::string_view ext
     if (file.context() != nullptr) addStreams(index, file, input.size());
     // They may stand in front of streams that are broken.
     SoundTags tags = readSoundTags(input, extension);
-    if (tags.isEmpty() && file.context() != nullptr) tags = streamTags(*file.context());
+    if (tags.isEmpty() && file.context() != nullptr && !hasKnownTags(*file.context())) {
+        tags = streamTags(*file.context(), input);
+    }
     addSoundTagIndex(index, tags);
     if (index.empty()) return std::nullopt;
     return index;

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "helpers/streams/StreamTags.h"
 
+#include <algorithm>
 #include <array>
+#include <cctype>
 #include <cstddef>
 #include <span>
 #include <string>
@@ -55,15 +57,36 @@ void addFields(NamedTagFields& fields, const AVFormatContext& context, AVMediaTy
     }
 }
 
+/// Whether "comment" is what the library made of a description, as it does in Ogg and ASF. Ogg may
+/// have comments, too.
+bool isCommentDescription(const AVFormatContext& context, Input& input) {
+    constexpr std::size_t length = std::size_t{1} << 16;
+    constexpr std::string_view field = "description=";
+    const std::string_view format = context.iformat->name;
+    if (format != "ogg") return format.starts_with("asf");
+    const std::span streams(context.streams, context.nb_streams);
+    const bool hasLibraryName = std::ranges::any_of(streams, [](const AVStream* stream) {
+        return av_dict_get(stream->metadata, "comment", nullptr, AV_DICT_MATCH_CASE) != nullptr;
+    });
+    if (!hasLibraryName) return false;
+    const std::string start = input.bytesAt(0, length);
+    return std::search(start.begin(), start.end(), field.begin(), field.end(),
+                       [](unsigned char byte, char letter) {
+                           return std::tolower(byte) == letter;
+                       }) != start.end();
+}
+
 }  // namespace
 
-SoundTags streamTags(const AVFormatContext& context) {
+SoundTags streamTags(const AVFormatContext& context, Input& input) {
     NamedTagFields fields;
     addFields(fields, context.metadata);
     addFields(fields, context, AVMEDIA_TYPE_AUDIO);
     addFields(fields, context, AVMEDIA_TYPE_VIDEO);
     SoundTags tags;
     fields.addTo(tags);
+    completeDescription(tags);
+    if (isCommentDescription(context, input)) tags.comment.clear();
     // The library joins several values of one field so.
     const auto artist = tags.common.find(platform::AudioVisualPropertyKey::commonKeyArtist);
     if (artist != tags.common.end()) tags.artists = listedTexts(artist->second, ";");

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "helpers/common/Input.h"
 #include "helpers/sound/SoundTags.h"
 
 extern "C" {
@@ -10,7 +11,7 @@ extern "C" {
 namespace marquell::helpers {
 
 /// The tags that the media library found in an open file: of the file, and where that has none, of
-/// its first sound.
-SoundTags streamTags(const AVFormatContext& context);
+/// its first sound. `input` is that file.
+SoundTags streamTags(const AVFormatContext& context, Input& input);
 
 }  // namespace marquell::helpers
