@@ -4,6 +4,7 @@ other files. For tests that have tests/support in their path."""
 
 import os
 import random
+import zlib
 
 from photo_bytes import big, box, full_box, little
 
@@ -102,11 +103,21 @@ def matroska():
         yield f"{name}, endless.mkv", start + element("18538067", inside, 2**57 - 1)
 
 
+REVERSED = bytes(int(f"{byte:08b}"[::-1], 2) for byte in range(256))
+
+
+def checksum(content):
+    """As Ogg has it: the usual one of 32 bits with all bits the other way round, from 0."""
+    usual = zlib.crc32(content.translate(REVERSED), 0xFFFFFFFF) ^ 0xFFFFFFFF
+    return int(f"{usual:032b}"[::-1], 2)
+
+
 def page(content, sequence, flags=0):
-    """Of Ogg, of at most 255 pieces; checksums are not looked at when they are 0."""
+    """Of Ogg, of at most 255 pieces."""
     pieces = [255] * (len(content) // 255) + [len(content) % 255]
-    return (b"OggS\0" + bytes([flags]) + bytes(8) + little("III", 1, sequence, 0)
-            + bytes([len(pieces)]) + bytes(pieces) + content)
+    head = b"OggS\0" + bytes([flags]) + bytes(8) + little("II", 1, sequence)
+    tail = bytes([len(pieces)]) + bytes(pieces) + content
+    return head + little("I", checksum(head + bytes(4) + tail)) + tail
 
 
 def tagged_sounds():
