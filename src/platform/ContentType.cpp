@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <memory>
+#include <mutex>
 #include <utility>
 
 #include "platform/Path.h"
@@ -34,8 +35,15 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 16> ownTypes
     {"wtv", "video/x-wtv"},
 }};
 
+/// The library holds a lock of its own over its table, which is one that sanitizers don't know.
+std::mutex& tableMutex() {
+    static auto* const mutex = new std::mutex;  // threads may outlive the end of main
+    return *mutex;
+}
+
 /// `name` or `start` may be empty, but not both.
 std::string guessed(const std::string& name, std::string_view start) {
+    const std::lock_guard lock(tableMutex());
     const std::unique_ptr<char, decltype(&g_free)> type(
         g_content_type_guess(name.empty() ? nullptr : name.c_str(),
                              reinterpret_cast<const guchar*>(start.data()), start.size(), nullptr),
@@ -63,6 +71,7 @@ bool isMedia(std::string_view type) {
 }
 
 bool isA(const std::string& type, const std::string& other) {
+    const std::lock_guard lock(tableMutex());
     return g_content_type_is_a(type.c_str(), other.c_str()) != FALSE;
 }
 
