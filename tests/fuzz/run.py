@@ -36,7 +36,8 @@ def header_sources():
     """The readers that do without Exiv2: they are far faster, and so get far more inputs."""
     for source in sources_of("common", "image"):
         text = source.read_text()
-        if not any(word in text for word in ("Exiv2", "ExifReader.h", "InputIo.h")):
+        if not any(word in text for word in ("Exiv2", "ExifReader.h", "ExifValue.h", "InputIo.h",
+                                           "XmpValues.h")):
             yield source
 
 
@@ -45,8 +46,9 @@ SOUND = sources_of("common", "sound")
 
 # Name -> sources, libraries, seeds.
 FUZZERS = {
-    "image_header": ([*header_sources()], ["-llcms2"], IMAGES),
-    "image": (sources_of("common", "image"), ["-lexiv2", "-llcms2"], IMAGES),
+    "image_header": ([*header_sources(), *DOCUMENTS], ["-llcms2", "-lpugixml", "-lz"], IMAGES),
+    "image": (sources_of("common", "image", "documents"),
+              ["-lexiv2", "-llcms2", "-lpugixml", "-lz"], IMAGES),
     "id3": (SOUND, ["-lz"], ID3_TAGS),
     "sound": (SOUND, ["-lz"], SOUND_FILES),
     "reply": ([ROOT / "src/platform/PropertyDictionary.cpp", ROOT / "src/platform/Utf8.cpp"],
@@ -75,7 +77,7 @@ def build_all():
     programs = {}
     for name, (_, libraries, _) in FUZZERS.items():
         programs[name] = BUILD / name
-        subprocess.run(["clang++", *FLAGS, *(objects[source] for source in wanted[name]),
+        subprocess.run(["clang++", *FLAGS, *{objects[source] for source in wanted[name]},
                         *libraries, "-o", programs[name]], check=True)
     return programs
 
