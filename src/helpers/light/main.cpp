@@ -1,17 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include <unistd.h>
-
-#include <cstdint>
 #include <optional>
 #include <string_view>
 
 #include "helpers/documents/DocumentReaders.h"
 #include "helpers/image/ImageReader.h"
 #include "helpers/index/IndexReaders.h"
-#include "helpers/process/Confinement.h"
-#include "helpers/process/Limits.h"
-#include "helpers/process/RequestLoop.h"
+#include "helpers/process/HelperRun.h"
 #include "helpers/sound/SoundTags.h"
 #include "platform/HelperProtocol.h"
 
@@ -47,13 +42,5 @@ std::optional<platform::PropertyDictionary> readFile(const platform::HelperReque
 }  // namespace
 
 int main() {
-    helpers::limitResources();
-    if (!helpers::dieWithProgram(platform::helperLifeline)) return 1;
-    helpers::prepareImageReader();
-    const std::uint32_t protections = helpers::confine();
-    // Whoever can't read this one will fail over any file: better not to begin.
-    if (!helpers::readsSampleImage()) return 1;
-    const bool isDone = helpers::answerRequests(platform::helperSocket, protections, readFile);
-    // Nothing is worth cleaning up, and a process that was taken over must not run exit handlers.
-    ::_exit(isDone ? 0 : 1);
+    return helpers::runHelper(&helpers::prepareImageReader, &helpers::readsSampleImage, readFile);
 }
