@@ -33,10 +33,11 @@ LAYERS = {
     "shell": WINDOWED + ["window"],
     "apps/marquell-list": CORE,
     "apps/marquell": WINDOWED + ["window", "shell"],
+    "apps/marquell-gallery": WINDOWED + ["shell"],
 }
 
 # Library -> pattern of its headers, and the folders that may include them.
-QT_FOLDERS = ["lists/tables", "toolkit", "window", "shell", "apps/marquell"]
+QT_FOLDERS = ["lists/tables", "toolkit", "window", "shell", "apps/marquell", "apps/marquell-gallery"]
 LIBRARIES = {
     "ICU": (r"unicode/", ["platform"]),
     "OpenSSL": (r"openssl/", ["platform"]),
