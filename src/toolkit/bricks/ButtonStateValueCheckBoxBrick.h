@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QCheckBox>
+#include <functional>
+
+#include "toolkit/bricks/TitledBrick.h"
+
+namespace marquell::toolkit {
+
+/// A check box that tells of its new state when the user changes it.
+class ButtonStateValueCheckBoxBrick : public TitledBrick<QCheckBox> {
+public:
+    explicit ButtonStateValueCheckBoxBrick(QWidget* parent = nullptr);
+
+    void delegateDrawingToSuper(QPainter& painter, const QRectF& frame) override;
+
+    std::function<void(bool isOn)> actualCheckboxFunc;
+    DrawPair onStateDrawing;
+    DrawPair offStateDrawing;
+
+protected:
+    const DrawPair& currentDrawPair() const override;
+};
+
+}  // namespace marquell::toolkit
