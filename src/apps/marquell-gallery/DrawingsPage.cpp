@@ -114,11 +114,12 @@ std::vector<Drawing> windowDrawings() {
         {"imageOfTablePreviewIconMini3", icon, pixmap(K::imageOfTablePreviewIconMini3)},
         {"imageOfTextOutputIconMini2", icon, pixmap(K::imageOfTextOutputIconMini2)},
         {"Logo",
-         {164, 46},
+         {196, 46},
          [](auto& p, const auto& f) {
              p.fillRect(f, K::parameterWallBlue());
-             drawLogo(p, QRectF(0, f.height() / 2 - f.width() * 11 / 164, f.width(),
-                                f.width() * 22 / 164));
+             const double height = f.height() * 22 / 46;
+             drawLogo(p, QRectF(f.width() * 16 / 196, (f.height() - height) / 2,
+                                f.width() * 164 / 196, height));
          }},
         {"Icon", {64, 64}, [](auto& p, const auto& f) { applicationIcon().paint(&p, f.toRect()); }},
     };
@@ -144,7 +145,9 @@ double addDrawings(Sheet& sheet, const char* name, const std::vector<Drawing>& d
 void buildDrawings(Wall& wall) {
     Sheet sheet(wall);
     setAppearance(&wall, Appearance::light);
-    wall.setBackgroundColor(QColor(0xE8, 0xE8, 0xE8));
+    wall.backgroundDrawingFunc = [](QPainter& painter, const QRectF& frame) {
+        painter.fillRect(frame, QColor(0xE8, 0xE8, 0xE8));
+    };
     const double next = addDrawings(sheet, "Parts of the window", windowDrawings(), 16);
     sheet.end(1110, addDrawings(sheet, "Parts of skins", brickDrawings(), next + 12));
 }

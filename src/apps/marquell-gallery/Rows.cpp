@@ -20,6 +20,14 @@ using namespace toolkit;
 
 namespace {
 
+LayoutClosure fillWithin(double distance) {
+    return [distance](LayoutConstraintMaker& make) {
+        using enum LayoutAttribute;
+        make.container().pin(left, left, distance).pin(right, right, -distance);
+        make.container().pin(top, top, distance).pin(bottom, bottom, -distance);
+    };
+}
+
 /// A list of two rows as the column has them, with the second one selected.
 void addList(Sheet& sheet, Appearance appearance, double y) {
     auto* frame = new Wall;
@@ -31,11 +39,7 @@ void addList(Sheet& sheet, Appearance appearance, double y) {
     list->setModel(new QStringListModel({words("Exposure Time"), words("Latitude")}, list));
     setFontRole(list, FontRole::small);
     setAppearance(list, appearance);
-    frame->factory().internalAddBrick(list, [](LayoutConstraintMaker& make) {
-        using enum LayoutAttribute;
-        make.container().pin(left, left, 1).pin(right, right, -1).pin(top, top, 1);
-        make.container().pin(bottom, bottom, -1);
-    });
+    frame->factory().internalAddBrick(list, fillWithin(1));
     list->setCurrentIndex(list->model()->index(1, 0));
 }
 
@@ -61,24 +65,23 @@ void addRow(Sheet& sheet, double x, const char* text, ColorRole ground, ColorRol
 /// The open list of a popup, with the third item chosen.
 void addOpenList(Sheet& sheet) {
     auto* popUp = new PopUpButtonBrick(&sheet.wall());
-    popUp->hide();
     popUp->addItem(words("By name and sequence number"), words("(from A to Z)"));
     popUp->addItem(words("By name and sequence number"), words("(from Z to A)"));
     popUp->addItem(words("By full path and sequence number"), words("(from A to Z)"));
     popUp->addSeparator();
     popUp->addItem(words("By creation date"), words("(from newest to oldest)"));
-    popUp->selectItemAt(2);
-    setAppearance(popUp->view(),
-                  surfaceOf(&sheet.wall()) == Surface::dark ? Appearance::dark : Appearance::light);
-    QAbstractItemView* list = popUp->view();
-    list->setCurrentIndex(popUp->model()->index(2, 0));
-    list->resize(328, 105);
-    sheet.put(new Picture([image = list->grab(), &wall = sheet.wall()](QPainter& painter,
-                                                                       const QRectF& frame) {
-                  painter.fillRect(frame, color(ColorRole::menuBorder, &wall));
-                  painter.drawPixmap(frame.adjusted(1, 1, -1, -1).toRect(), image);
-              }),
-              16, 480, 330, 107);
+    popUp->hide();
+
+    auto* frame = new Wall;
+    frame->setBorderColor(color(ColorRole::menuBorder, &sheet.wall()));
+    frame->setBorders(true, true, true, true);
+    sheet.put(frame, 16, 480, 330, 107);
+    auto* list = new QListView;
+    list->setFrameShape(QFrame::NoFrame);
+    list->setModel(popUp->model());
+    list->setItemDelegate(popUp->itemDelegate());
+    frame->factory().internalAddBrick(list, fillWithin(1));
+    list->setCurrentIndex(list->model()->index(2, 0));
 }
 
 }  // namespace

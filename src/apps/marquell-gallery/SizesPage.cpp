@@ -164,13 +164,17 @@ void buildSizes(Wall& wall) {
     }
     for (std::size_t j = 0; j < rows.size(); ++j) {
         const double y = firstY + pitchY * double(j);
-        sheet.put(standardLabel(words(rows[j].name)), 16, y);
+        auto* name = sheet.put(standardLabel(words(rows[j].name)), 16, y);
         for (std::size_t i = 0; i < columns.size(); ++i) {
             QWidget* brick = rows[j].make();
             setControlSize(brick, columns[i].size);
             brick->setEnabled(columns[i].isEnabled);
-            const auto width = rows[j].width > 0 ? std::optional(rows[j].width) : std::nullopt;
-            sheet.put(brick, firstX + pitchX * double(i), y, width);
+            wall.factory().internalAddBrick(brick, [&](LayoutConstraintMaker& make) {
+                using enum LayoutAttribute;
+                make.container().pin(left, left, firstX + pitchX * double(i));
+                make.andView(name).pin(centerY, centerY, 0);
+                if (rows[j].width > 0) make.width(rows[j].width);
+            });
         }
     }
     sheet.end(firstX + pitchX * double(columns.size()), firstY + pitchY * double(rows.size()));

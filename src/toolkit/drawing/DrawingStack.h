@@ -24,8 +24,8 @@ public:
 };
 
 /// What an operation may draw beside shapes. A text provider is asked at each drawing.
-using DrawingAsset = std::variant<QPixmap, QPainterPath, QString,
-                                  std::shared_ptr<const TextProviderType>>;
+using DrawingAsset =
+    std::variant<QPixmap, QPainterPath, QString, std::shared_ptr<const TextProviderType>>;
 
 // The colours of an operation; which of them it takes depends on the operation.
 struct BackgroundColorPalette {
@@ -59,9 +59,9 @@ using DrawingPalette =
 
 /// One step of a look: paints assets in the colours of a palette into a frame.
 struct DrawingOperation {
-    using Function = std::function<void(QPainter& painter, const QRectF& frame,
-                                        const std::vector<DrawingAsset>& assets,
-                                        const DrawingPalette& palette)>;
+    using Function =
+        std::function<void(QPainter& painter, const QRectF& frame,
+                           const std::vector<DrawingAsset>& assets, const DrawingPalette& palette)>;
     using FrameAdjuster = std::function<QRectF(const QRectF& frame)>;
 
     /// What operations do without being told otherwise.
