@@ -37,7 +37,7 @@ public:
         : QAccessibleWidget(&popup, QAccessible::ComboBox), popup_(popup) {}
 
     QString text(QAccessible::Text part) const override {
-        const QString choice =
+        QString choice =
             popup_.itemData(popup_.indexOfSelectedItem(), Qt::AccessibleTextRole).toString();
         if (part == QAccessible::Value) return choice;
         const QString own = QAccessibleWidget::text(part);

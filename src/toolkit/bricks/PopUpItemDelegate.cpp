@@ -19,9 +19,11 @@ bool isSeparator(const QModelIndex& index) {
 
 QStyleOptionMenuItem menuItemFor(const QStyleOptionViewItem& option, const QModelIndex& index) {
     QStyleOptionMenuItem item;
-    static_cast<QStyleOption&>(item) = option;
-    item.version = QStyleOptionMenuItem::Version;
-    item.type = QStyleOptionMenuItem::Type;
+    item.rect = option.rect;
+    item.state = option.state;
+    item.direction = option.direction;
+    item.palette = option.palette;
+    item.fontMetrics = option.fontMetrics;
     item.menuItemType =
         isSeparator(index) ? QStyleOptionMenuItem::Separator : QStyleOptionMenuItem::Normal;
     item.checkType = QStyleOptionMenuItem::NotCheckable;

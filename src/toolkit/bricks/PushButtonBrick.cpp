@@ -11,14 +11,12 @@
 
 namespace marquell::toolkit {
 
-PushButtonBrick::PushButtonBrick(QWidget* parent) : PressedBrick<QPushButton>(parent) {
-    connect(this, &QPushButton::clicked, this, [this] { callIfSet(buttonPressFunction); });
-}
+PushButtonBrick::PushButtonBrick(QWidget* parent) : PushButtonBrick(QString(), {}, parent) {}
 
 PushButtonBrick::PushButtonBrick(const QString& title, std::function<void()> action,
                                  QWidget* parent)
-    : PushButtonBrick(parent) {
-    buttonPressFunction = std::move(action);
+    : PressedBrick<QPushButton>(parent), buttonPressFunction(std::move(action)) {
+    connect(this, &QPushButton::clicked, this, [this] { callIfSet(buttonPressFunction); });
     setTitle(title);
     setControlSize(this, ControlSize::regular);
 }

@@ -48,7 +48,7 @@ QRectF SliderBrick::rectOfTickMark(int index) const {
     const int offset = QStyle::sliderPositionFromValue(0, tickMarks_ - 1, index, width() - knob,
                                                        option.upsideDown);
     const int length = metrics().px(tickLength);
-    return QRectF(knob / 2 + offset, height() - length, 1, length);
+    return QRectF(QRect(knob / 2 + offset, height() - length, 1, length));
 }
 
 /// The user has moved the knob.

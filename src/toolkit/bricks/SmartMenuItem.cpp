@@ -37,6 +37,7 @@ void SmartMenuItem::prepareForDisplay() {
 void updateBeforeDisplay(const QMenu& menu) {
     const QList<QAction*> items = menu.actions();
     for (QAction* item : items) {
+        if (item->isSeparator()) continue;
         if (auto* smart = dynamic_cast<SmartMenuItem*>(item)) smart->prepareForDisplay();
         if (item->menu() != nullptr) updateBeforeDisplay(*item->menu());
     }
