@@ -3,6 +3,7 @@
 
 #include <QAccessible>
 #include <QMenu>
+#include <QToolTip>
 #include <QtTest/QTest>
 #include <memory>
 #include <string>

@@ -4,10 +4,13 @@
 #include <QAbstractItemView>
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <QCheckBox>
+#include <QLineEdit>
 
+#include "toolkit/bricks/ButtonStateValueCheckBoxBrick.h"
 #include "toolkit/bricks/ColorWellBrick.h"
 #include "toolkit/bricks/Label.h"
-#include "toolkit/bricks/PopUpButtonBrick.h"
+#include "toolkit/bricks/ListBrick.h"
 #include "toolkit/bricks/Segment.h"
 #include "toolkit/bricks/SegmentedControlBrick.h"
 #include "toolkit/bricks/SwitchBrick.h"
@@ -31,14 +34,14 @@ private:
 };
 
 /// Named by its label, with the choice as value: left to itself, it would be named by the choice.
-class PopUpAccessible : public QAccessibleWidget {
+class ListBrickAccessible : public QAccessibleWidget {
 public:
-    explicit PopUpAccessible(PopUpButtonBrick& popup)
-        : QAccessibleWidget(&popup, QAccessible::ComboBox), popup_(popup) {}
+    explicit ListBrickAccessible(ListBrick& box)
+        : QAccessibleWidget(&box, QAccessible::ComboBox), box_(box) {}
 
     QString text(QAccessible::Text part) const override {
-        QString choice =
-            popup_.itemData(popup_.indexOfSelectedItem(), Qt::AccessibleTextRole).toString();
+        QString choice = box_.currentData(Qt::AccessibleTextRole).toString();
+        if (box_.isEditable() || choice.isEmpty()) choice = box_.currentText();
         if (part == QAccessible::Value) return choice;
         const QString own = QAccessibleWidget::text(part);
         return part == QAccessible::Name && own.isEmpty() ? choice : own;
@@ -48,17 +51,19 @@ public:
         QAccessible::State state = QAccessibleWidget::state();
         state.hasPopup = true;
         state.expandable = true;
-        state.expanded = popup_.view()->isVisible();
+        state.expanded = box_.view()->isVisible();
         state.collapsed = !state.expanded;
         return state;
     }
 
-    int childCount() const override { return 1; }
+    int childCount() const override { return box_.isEditable() ? 2 : 1; }
     QAccessibleInterface* child(int index) const override {
-        return index == 0 ? QAccessible::queryAccessibleInterface(popup_.view()) : nullptr;
+        if (index == 0) return QAccessible::queryAccessibleInterface(box_.view());
+        return index == 1 ? QAccessible::queryAccessibleInterface(box_.lineEdit()) : nullptr;
     }
     int indexOfChild(const QAccessibleInterface* child) const override {
-        return child->object() == popup_.view() ? 0 : -1;
+        if (child->object() == box_.view()) return 0;
+        return box_.isEditable() && child->object() == box_.lineEdit() ? 1 : -1;
     }
 
     QStringList actionNames() const override {
@@ -66,20 +71,20 @@ public:
     }
     void doAction(const QString& actionName) override {
         if (actionName == showMenuAction()) {
-            popup_.showPopup();
+            box_.showPopup();
         } else {
             QAccessibleWidget::doAction(actionName);
         }
     }
 
 private:
-    PopUpButtonBrick& popup_;
+    ListBrick& box_;
 };
 
-/// A button that a brick paints itself.
-class PaintedButtonAccessible : public QAccessibleWidget {
+/// A button that Qt does not know, or that it would turn without a click, which nobody would hear.
+class ButtonAccessible : public QAccessibleWidget {
 public:
-    PaintedButtonAccessible(QAbstractButton& button, QAccessible::Role role)
+    ButtonAccessible(QAbstractButton& button, QAccessible::Role role)
         : QAccessibleWidget(&button, role), button_(button) {}
 
     QString text(QAccessible::Text part) const override {
@@ -95,6 +100,8 @@ public:
         QAccessible::State state = QAccessibleWidget::state();
         state.checkable = button_.isCheckable();
         state.checked = button_.isChecked();
+        const auto* box = qobject_cast<const QCheckBox*>(&button_);
+        state.checkStateMixed = box != nullptr && box->checkState() == Qt::PartiallyChecked;
         state.pressed = button_.isDown();
         return state;
     }
@@ -118,18 +125,20 @@ private:
 
 QAccessibleInterface* accessibleOf(const QString&, QObject* object) {
     if (auto* label = dynamic_cast<Label*>(object)) return new LabelAccessible(*label);
-    if (auto* popup = dynamic_cast<PopUpButtonBrick*>(object)) return new PopUpAccessible(*popup);
+    if (auto* box = dynamic_cast<ListBrick*>(object)) return new ListBrickAccessible(*box);
     if (auto* segment = dynamic_cast<Segment*>(object)) {
-        return new PaintedButtonAccessible(*segment, QAccessible::RadioButton);
+        return new ButtonAccessible(*segment, QAccessible::RadioButton);
     }
     if (auto* row = dynamic_cast<SegmentedControlBrick*>(object)) {
         return new QAccessibleWidget(row, QAccessible::Grouping);
     }
-    if (auto* box = dynamic_cast<SwitchBrick*>(object)) {
-        return new PaintedButtonAccessible(*box, QAccessible::CheckBox);
+    auto* button = qobject_cast<QAbstractButton*>(object);
+    if (dynamic_cast<SwitchBrick*>(object) ||
+        dynamic_cast<ButtonStateValueCheckBoxBrick*>(object)) {
+        return new ButtonAccessible(*button, QAccessible::CheckBox);
     }
     if (auto* well = dynamic_cast<ColorWellBrick*>(object)) {
-        return new PaintedButtonAccessible(*well, QAccessible::ColorChooser);
+        return new ButtonAccessible(*well, QAccessible::ColorChooser);
     }
     return nullptr;
 }
@@ -142,6 +151,11 @@ void provideBrickAccessibility() {
         return true;
     }();
     static_cast<void>(isProvided);
+}
+
+QString accessibleNameOf(QWidget* view) {
+    const auto* accessible = QAccessible::queryAccessibleInterface(view);
+    return accessible != nullptr ? accessible->text(QAccessible::Name) : QString();
 }
 
 }  // namespace marquell::toolkit

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <utility>
 
+#include "platform/Localization.h"
 #include "toolkit/bricks/BricksFactory.h"
 #include "toolkit/bricks/CheckBoxBrick.h"
 #include "toolkit/bricks/DatePickerBrick.h"
@@ -75,7 +76,10 @@ PushButtonBrick* BricksFactory::borderlessButton(const QString& title, std::func
 
 PushButtonBrick* BricksFactory::helpButton(std::function<void()> action,
                                            const LayoutClosure& constraints) {
-    return pushButton(QStringLiteral("?"), std::move(action), constraints);
+    auto* button = pushButton(QStringLiteral("?"), std::move(action), constraints);
+    button->setAccessibleName(
+        QString::fromStdString(platform::localized("Help", "accessible name")));
+    return button;
 }
 
 CheckBoxBrick* BricksFactory::smartCheckBoxButton(const QString& title,

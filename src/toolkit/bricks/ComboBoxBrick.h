@@ -14,6 +14,8 @@ public:
 
     void delegateDrawingToSuper(QPainter& painter, const QRectF& frame) override;
 
+    bool event(QEvent* event) override;
+
     /// Called with the text at each change by the user, be it typed or chosen, and on Return.
     std::function<void(const QString& text)> textChangedAction;
 };
