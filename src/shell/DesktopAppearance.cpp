@@ -11,6 +11,7 @@
 #include <QVariant>
 
 #include "shell/MacOSVersion.h"
+#include "toolkit/look/Surface.h"
 
 namespace marquell::shell {
 namespace {
@@ -58,8 +59,10 @@ void DesktopAppearance::takeSetting(const QVariant& colorScheme) {
 }
 
 bool DesktopAppearance::eventFilter(QObject* watched, QEvent* event) {
+    // The look of the program is a palette as well, which says nothing of the desktop.
     if (event->type() == QEvent::ApplicationPaletteChange &&
-        watched == QCoreApplication::instance() && !portalSaysDark_) {
+        watched == QCoreApplication::instance() && !portalSaysDark_ &&
+        QGuiApplication::palette() != toolkit::paletteOf(toolkit::systemSurface())) {
         paletteIsDark_ = applicationPaletteIsDark();
         tellIfChanged();
     }

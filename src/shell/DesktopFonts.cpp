@@ -3,6 +3,7 @@
 
 #include <QGuiApplication>
 #include <QMetaType>
+#include <QStringList>
 #include <QVariant>
 #include <utility>
 
@@ -19,10 +20,18 @@ const QString space = QStringLiteral("org.gnome.desktop.interface");
 /// On X11 the desktop raises the resolution of the screen by the factor, and Qt scales by that.
 bool pointsAreScaled() { return QGuiApplication::platformName() == QLatin1String("xcb"); }
 
+/// The platform themes of these desktops tell Qt their fonts; a portal may know others' only.
+bool qtKnowsTheFonts() {
+    const QString desktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP");
+    const QStringList names = desktops.split(QLatin1Char(':'));
+    return names.contains(QLatin1String("KDE")) || names.contains(QLatin1String("LXQt"));
+}
+
 }  // namespace
 
 DesktopFonts::DesktopFonts(const QDBusConnection& bus, std::function<void()> changed)
     : changed_(std::move(changed)), portal_(bus) {
+    if (qtKnowsTheFonts()) return;
     observeFont(QStringLiteral("font-name"), interfaceFont_, QFont::AnyStyle);
     observeFont(QStringLiteral("monospace-font-name"), monospaceFont_, QFont::Monospace);
     if (pointsAreScaled()) return;

@@ -13,7 +13,7 @@ class QVariant;
 namespace marquell::shell {
 
 /// The fonts that the user chose in GNOME's settings, for a Qt without a platform theme, which
-/// doesn't know them. Main thread only.
+/// doesn't know them; nothing on desktops whose fonts Qt knows. Main thread only.
 class DesktopFonts {
 public:
     /// Asks for them here. `changed` is called when one has become known and at each change, and

@@ -6,13 +6,10 @@
 #include <QDBusPendingCallWatcher>
 #include <QMetaObject>
 #include <QMetaType>
-#include <chrono>
 #include <utility>
 
 namespace marquell::shell {
 namespace {
-
-constexpr std::chrono::milliseconds patience(500);
 
 const QString service = QStringLiteral("org.freedesktop.portal.Desktop");
 const QString path = QStringLiteral("/org/freedesktop/portal/desktop");
@@ -49,8 +46,7 @@ void SettingsPortal::observe(const QString& space, const QString& key, Observer 
     QDBusMessage question =
         QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("Read"));
     question << space << key;
-    auto* call = new QDBusPendingCallWatcher(
-        bus_.asyncCall(question, static_cast<int>(patience.count())), this);
+    auto* call = new QDBusPendingCallWatcher(bus_.asyncCall(question), this);
     connect(call, &QDBusPendingCallWatcher::finished, this, [call, observer = std::move(observer)] {
         call->deleteLater();
         observer(answerIn(call->reply()));

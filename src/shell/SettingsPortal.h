@@ -25,8 +25,8 @@ public:
 
     explicit SettingsPortal(QDBusConnection bus);
 
-    /// Asks for the setting's value, and calls the observer with the answer, never at once and half
-    /// a second later at most; and from now on with the new value at each change.
+    /// Asks for the setting's value, and calls the observer with the answer, never at once and
+    /// however late it comes; and from now on with the new value at each change.
     void observe(const QString& space, const QString& key, Observer observer);
 
 private:

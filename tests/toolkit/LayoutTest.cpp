@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QPushButton>
+#include <functional>
 #include <memory>
 
 #include "toolkit/bricks/BricksFactory.h"
@@ -19,6 +20,16 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using enum LayoutAttribute;
+
+/// Does something when it gets another size.
+class Reacting : public QWidget {
+public:
+    using QWidget::QWidget;
+    std::function<void()> react = [] {};
+
+protected:
+    void resizeEvent(QResizeEvent*) override { react(); }
+};
 
 /// A view with content of a given size.
 class Box : public QWidget, public IntrinsicallySized {
@@ -217,6 +228,102 @@ TEST_F(Layout, ARootInsideARootIsSolvedForItselfAndKeepsItsRoom) {
     EXPECT_EQ(content->geometry(), QRect(0, 0, 300, 40));  // which hugs its height
 }
 
+TEST_F(Layout, ViewsMayGoMoveAwayAndAskForMoreWhileTheyArePlaced) {
+    auto* first = new Reacting(&window);
+    auto* gone = new Box(&window, 50, 20);
+    auto* movesAway = new Box(&window, 50, 20);
+    auto* asks = new Box(&window, 50, 20);
+    constrain(first, [](auto& make) { make.fillContainer(); });
+    for (auto* view : {gone, movesAway, asks}) {
+        constrain(view, [](auto& make) { make.container().pin(left, left, 10).pin(top, top, 0); });
+    }
+    LayoutConstraintMaker more(asks);
+    more.minWidth(77);
+    window.resize(100, 50);
+    window.show();
+    settle();
+    first->react = [&] {
+        delete std::exchange(gone, nullptr);
+        movesAway->setParent(nullptr);
+        addConstraints(&window, more.constraints);
+    };
+    window.resize(200, 50);
+    settle();
+    EXPECT_EQ(asks->geometry(), QRect(10, 0, 77, 20));
+    EXPECT_FALSE(gone);
+    delete movesAway;
+}
+
+TEST_F(Layout, WhatChangesWhileItIsHiddenIsTakenUp) {
+    auto* page = new QWidget(&window);
+    auto* content = new Box(page, 50, 20);
+    LayoutRoot::install(page);
+    constrain(page, [](auto& make) { make.fillContainer(); });
+    constrain(content, [](auto& make) { make.fillContainer(); });
+    auto* deep = new Box(content, 5, 5);
+    constrain(deep, [](auto& make) { make.container().pin(left, left, 0).pin(top, top, 0); });
+    window.show();
+    settle();
+    window.hide();
+    deep->setContent(44, 20);
+    window.show();
+    settle();
+    EXPECT_EQ(deep->width(), 44);
+
+    page->hide();
+    for (const double least : {300.0, 400.0}) {
+        constrain(content, [&](auto& make) { make.minWidth(least); });
+    }
+    page->show();
+    settle();
+    EXPECT_EQ(content->width(), 400);
+    EXPECT_EQ(root->minimumSize().width(), 400);
+}
+
+TEST_F(Layout, ConstraintsCountOnceAndGoWithTheContainer) {
+    auto* a = new QWidget(&window);
+    auto* b = new QWidget(&window);
+    auto* x = new Box(a, 50, 20);
+    for (auto* wall : {a, b}) constrain(wall, [](auto& make) { make.fillContainer(); });
+    LayoutConstraintMaker make(x);
+    make.container().pin(left, left, 30).pin(top, top, 0);
+    addConstraints(a, make.constraints);
+    addConstraints(a, make.constraints);
+    make.constraints.front()->setConstant(40);
+    layOut(200, 50);
+    EXPECT_EQ(x->x(), 40);
+    x->setParent(b);
+    x->show();
+    constrain(x, [](auto& more) { more.container().pin(left, left, 7).pin(top, top, 0); });
+    layOut(200, 50);
+    EXPECT_EQ(x->x(), 7);
+    EXPECT_THAT(root->conflicts(), testing::IsEmpty());
+}
+
+TEST_F(Layout, ContentsKeepTheirRoomWhateverCameFirst) {
+    for (const bool contentFirst : {true, false}) {
+        auto* page = new QWidget(&window);
+        page->setObjectName("page");
+        LayoutRoot::install(page);
+        auto* content = new Box(page, 20, 20);
+        constrain(page, [](auto& make) { make.container().pin(left, left, 0).pin(top, top, 0); });
+        const auto narrow = [&] { constrain(page, [](auto& make) { make.width(50); }); };
+        const auto fill = [&] {
+            constrain(content, [](auto& make) { make.minWidth(80).fillContainer(); });
+        };
+        if (contentFirst) fill();
+        narrow();
+        layOut(200, 50);
+        if (!contentFirst) fill();
+        layOut(200, 50);
+        EXPECT_EQ(page->width(), 80);
+        ASSERT_EQ(root->conflicts().size(), 1);
+        EXPECT_THAT(root->conflicts().front().toStdString(),
+                    HasSubstr("page.width = 50 contradicts the room that a view's content needs"));
+        delete page;
+    }
+}
+
 TEST_F(Layout, LeadingAndTrailingFollowTheDirectionOfReadingLeftAndRightDoNot) {
     auto* a = new Box(&window, 50, 20);
     auto* b = new Box(&window, 50, 20);
@@ -233,6 +340,10 @@ TEST_F(Layout, LeadingAndTrailingFollowTheDirectionOfReadingLeftAndRightDoNot) {
     settle();
     layOut(300, 50);
     EXPECT_THAT((std::vector{a->x(), b->x(), c->x()}), ElementsAre(240, 185, 1));
+    a->setLayoutDirection(Qt::LeftToRight);  // a path in a field keeps its own direction
+    settle();
+    layOut(300, 50);
+    EXPECT_EQ(a->x(), 240);
 }
 
 TEST_F(Layout, ViewsThatMoveToAnotherParentAreFollowed) {

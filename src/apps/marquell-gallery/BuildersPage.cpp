@@ -79,10 +79,14 @@ void addButtons(Column& column) {
     popUp->addItem(words("Second choice"));
     popUp->setAccessibleName(words("Choice"));
     addMenu(factory.pullDownButton(words("Pull-down"), column.next()));
-    addMenu(factory.pullDownButton(applicationIcon(), column.next()));
+    auto* withImage = factory.pullDownButton(applicationIcon(), column.next());
+    withImage->setAccessibleName(words("With an image"));
+    addMenu(withImage);
     addMenu(factory.pullDownButtonBrick(words("Pull-down brick"), column.next()));
     addMenu(factory.smartPullDownButton(words("Smart pull-down"), column.next()));
-    addMenu(factory.smartPullDownButton(applicationIcon(), column.next()));
+    auto* smartWithImage = factory.smartPullDownButton(applicationIcon(), column.next());
+    smartWithImage->setAccessibleName(words("Smart, with an image"));
+    addMenu(smartWithImage);
 }
 
 void addFields(Column& column) {
@@ -99,15 +103,20 @@ void addFields(Column& column) {
     factory.datePickerBrick(column.next())->setAccessibleName(words("Date"));
 }
 
+void fill(Wall* wall, ColorRole role) {
+    wall->backgroundDrawingFunc = [wall, role](QPainter& painter, const QRectF& frame) {
+        painter.fillRect(frame, color(role, wall));
+    };
+}
+
 void addContainers(Column& column) {
     auto& factory = column.factory();
-    auto* wall = factory.wall({150, 30}, column.next());
-    wall->setBackgroundColor(color(ColorRole::alternateBase, wall));
+    fill(factory.wall({150, 30}, column.next()), ColorRole::alternateBase);
     auto* tabs = factory.tabWall([next = column.next()](LayoutConstraintMaker& make) {
         make.width(150).height(30);
         next(make);
     });
-    tabs->createNewWall()->setBackgroundColor(color(ColorRole::header, tabs));
+    fill(tabs->createNewWall(), ColorRole::header);
     factory.specialEffectWall({150, 30}, column.next());
     factory.unconfiguredSpecialEffectWall({150, 30}, column.next());
     factory.viewWithIntrinicSize({150, 10}, column.next());

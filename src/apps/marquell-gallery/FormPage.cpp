@@ -90,7 +90,6 @@ void buildColumn(Wall& wall) {
 
 /// A status line that gives way to the button beside it.
 void buildRight(Wall& wall) {
-    wall.setBackgroundColor(color(ColorRole::page, &wall));
     auto* save = new PushButtonBrick(words("Copy to Clipboard"), {});
     setButtonRole(save, ButtonRole::accent);
     wall.factory().internalAddBrick(save, [](auto& make) {

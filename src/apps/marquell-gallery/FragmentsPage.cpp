@@ -46,8 +46,8 @@ Wall* band(const QString& title) {
     return wall;
 }
 
-FragmentWall* separator() {
-    auto* wall = new FragmentWall;
+Wall* separator() {
+    auto* wall = new Wall;
     wall->backgroundDrawingFunc = [](QPainter& painter, const QRectF& frame) {
         MarquellStyleKit::drawFragmentBottom(painter, frame);
     };
@@ -62,7 +62,8 @@ void fillStack(FragmentStackView& stack, const std::shared_ptr<platform::UserDef
         make.width(300);
         stack.addFragment(fragment);
         addConstraints(&stack, make.constraints);
-        auto* line = separator();
+        auto* line = HideableFragmentWall::embedViewInHideableFragment(separator(), keys[i], i == 2,
+                                                                       0, defaults);
         LayoutConstraintMaker makeLine(line);
         makeLine.width(300).height(15);
         stack.addFragment(line);
@@ -74,7 +75,7 @@ void fillStack(FragmentStackView& stack, const std::shared_ptr<platform::UserDef
 void addBoundFragment(FragmentStackView& stack, Wall& wall,
                       const std::shared_ptr<platform::UserDefaults>& defaults) {
     auto* fragment = new FragmentWall;
-    fragment->factory().internalAddBrick(band(words("Bound to a variable")),
+    fragment->factory().internalAddBrick(band(words("Shown while the first is hidden")),
                                          [](auto& make) { make.width(300).fillContainer(); });
     stack.insertFragmentAsSecondLast(fragment);
     const auto variable =
@@ -104,19 +105,20 @@ void buildFragments(Wall& wall) {
     wall.endOfLifeBag.closures.emplace_back([settings] {});
     Sheet sheet(wall);
     sheet.title(words("Fragments hide by keys of the settings, and their stack closes up"), 16, 16);
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        auto* box = new CheckBoxBrick(words("Hide fragment %1").arg(i + 1));
+        sheet.put(box, 16 + 180 * double(i), 56);
+        settings->defaults->registerDefault(keys[i], i == 2);
+        DefaultsBinding::bindValue(box, keys[i], settings->defaults);
+    }
+    auto* byHand = sheet.put(new CheckBoxBrick(words("Hide the first lines by hand")), 16, 92);
     auto* flipped = addStack(sheet, 16, true);
     auto* upright = addStack(sheet, 340, false);
     for (auto* stack : {flipped, upright}) fillStack(*stack, settings->defaults);
     addBoundFragment(*flipped, wall, settings->defaults);
-    for (std::size_t i = 0; i < keys.size(); ++i) {
-        auto* box = new CheckBoxBrick(words("Hide fragment %1").arg(i + 1));
-        sheet.put(box, 16 + 180 * double(i), 56);
-        DefaultsBinding::bindValue(box, keys[i], settings->defaults);
-    }
-    auto* byHand = new CheckBoxBrick(words("Hide the first separators by hand"), [=](bool isOn) {
+    byHand->actualCheckboxFunc = [=](bool isOn) {
         for (auto* stack : {flipped, upright}) stack->arrangedSubviews()[1]->setHidden(isOn);
-    });
-    sheet.put(byHand, 16, 92);
+    };
     sheet.end(656, 620);
 }
 

@@ -64,10 +64,7 @@ Wall* GalleryWindow::makeBar() {
     });
     darkLabel->setBuddy(darkSwitch_);
     darkSwitch_->setAccessibleName(QStringLiteral("Dark"));
-    darkSwitch_->checkBoxChangeFunc = [this](bool isOn) {
-        setSystemDark(isOn);
-        darkModeChanged();
-    };
+    darkSwitch_->checkBoxChangeFunc = setSystemDark;
     return bar;
 }
 
@@ -95,13 +92,8 @@ void GalleryWindow::setFonts(const QFont& interfaceFont, const QFont& monospaced
     applyFonts();
 }
 
-void GalleryWindow::setTextScale(double scale) {
-    textScale_ = scale;
-    applyFonts();
-}
-
 void GalleryWindow::applyFonts() const {
-    const double scale = page_ && page_->textScale > 0 ? page_->textScale : textScale_;
+    const double scale = page_ && page_->textScale > 0 ? page_->textScale : 1;
     const auto scaled = [&](QFont font) {
         font.setPixelSize(qRound(scale * QFontInfo(font).pixelSize()));
         return font;
@@ -109,10 +101,7 @@ void GalleryWindow::applyFonts() const {
     setInterfaceFonts(scaled(interfaceFont_), scaled(monospacedFont_));
 }
 
-void GalleryWindow::darkModeChanged() {
-    darkSwitch_->setChecked(systemSurface() == Surface::dark);
-    if (page_) showPage(*page_);  // pages take some colours as they are built
-}
+void GalleryWindow::darkModeChanged() { darkSwitch_->setChecked(systemSurface() == Surface::dark); }
 
 QWidget* GalleryWindow::page() const { return scrollArea_->widget(); }
 

@@ -27,7 +27,6 @@ public:
     /// The user's fonts have changed: pages scale from these.
     void setFonts(const QFont& interfaceFont, const QFont& monospacedFont);
 
-    void setTextScale(double scale);
     void darkModeChanged();
 
     /// Without what is above the page.
@@ -43,7 +42,6 @@ private:
     const Page* page_ = nullptr;
     QFont interfaceFont_;
     QFont monospacedFont_;
-    double textScale_ = 1;
 };
 
 }  // namespace marquell::gallery

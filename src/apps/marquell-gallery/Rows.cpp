@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Rows.h"
 
+#include <QAbstractButton>
 #include <QListView>
 #include <QPainter>
 #include <QScrollBar>
-#include <QStringListModel>
 
 #include "Words.h"
 #include "toolkit/bricks/PopUpButtonBrick.h"
 #include "toolkit/bricks/SegmentedControlBrick.h"
 #include "toolkit/bricks/SmartMenuItem.h"
 #include "toolkit/drawing/MarquellStyleKit.h"
+#include "toolkit/look/Glyph.h"
 #include "toolkit/look/Metrics.h"
 #include "toolkit/look/TextLine.h"
 
@@ -28,19 +29,40 @@ LayoutClosure fillWithin(double distance) {
     };
 }
 
+/// A row of a list: a title, smaller behind it where it comes from, and a cross.
+void drawRow(QPainter& painter, const QRectF& row, const QString& title, const QString& origin,
+             const QWidget* list, bool isSelected) {
+    const QColor ink = color(isSelected ? ColorRole::selectionText : ColorRole::text, list);
+    painter.fillRect(row, color(isSelected ? ColorRole::selection : ColorRole::base, list));
+    painter.setFont(metrics().font(FontRole::small));
+    painter.setPen(ink);
+    const double start = row.left() + metrics().px(8);
+    drawTextLine(painter, row.adjusted(metrics().px(8), 0, -metrics().px(28), 0), title);
+    const double width = QFontMetricsF(painter.font()).horizontalAdvance(title);
+    const double baseline = row.center().y() + baselineOffset(QFontMetricsF(painter.font()));
+    painter.setFont(metrics().font(FontRole::abbreviation));
+    painter.setPen(
+        color(isSelected ? ColorRole::selectionSecondaryText : ColorRole::secondaryText, list));
+    drawTextOnBaseline(painter, row.adjusted(start + width + metrics().px(5), 0, 0, 0), baseline,
+                       origin);
+    const double side = metrics().px(12);
+    const QRectF box(row.right() - metrics().px(20), row.center().y() - side / 2, side, side);
+    drawGlyph(painter, Glyph::cross, box, ink);
+}
+
 /// A list of two rows as the column has them, with the second one selected.
 void addList(Sheet& sheet, Appearance appearance, double y) {
-    auto* frame = new Wall;
-    frame->setBorderColor(color(ColorRole::listFrame, Surface::column));
-    frame->setBorders(true, true, true, true);
+    auto* frame = new RoleWall(std::nullopt, ColorRole::listFrame);
     sheet.put(frame, 16, y, 366, 50);
-    auto* list = new QListView;
-    list->setFrameShape(QFrame::NoFrame);
-    list->setModel(new QStringListModel({words("Exposure Time"), words("Latitude")}, list));
-    setFontRole(list, FontRole::small);
+    auto* list = new Wall;
     setAppearance(list, appearance);
+    list->backgroundDrawingFunc = [list](QPainter& painter, const QRectF& bounds) {
+        const QRectF row(bounds.left(), bounds.top(), bounds.width(), bounds.height() / 2);
+        drawRow(painter, row, words("Exposure Time"), QStringLiteral("EXIF"), list, false);
+        drawRow(painter, row.translated(0, row.height()), words("Latitude"), QStringLiteral("GPS"),
+                list, true);
+    };
     frame->factory().internalAddBrick(list, fillWithin(1));
-    list->setCurrentIndex(list->model()->index(1, 0));
 }
 
 QScrollBar* scrollBar(bool isHovered) {
@@ -72,15 +94,15 @@ void addOpenList(Sheet& sheet) {
     popUp->addItem(words("By creation date"), words("(from newest to oldest)"));
     popUp->hide();
 
-    auto* frame = new Wall;
-    frame->setBorderColor(color(ColorRole::menuBorder, &sheet.wall()));
-    frame->setBorders(true, true, true, true);
-    sheet.put(frame, 16, 480, 330, 107);
+    auto* frame = new RoleWall(ColorRole::menu, ColorRole::menuBorder);
+    sheet.put(frame, 16, 480, 330, 116);
     auto* list = new QListView;
     list->setFrameShape(QFrame::NoFrame);
     list->setModel(popUp->model());
     list->setItemDelegate(popUp->itemDelegate());
-    frame->factory().internalAddBrick(list, fillWithin(1));
+    setAppearance(list,
+                  surfaceOf(&sheet.wall()) == Surface::dark ? Appearance::dark : Appearance::light);
+    frame->factory().internalAddBrick(list, fillWithin(5));
     list->setCurrentIndex(list->model()->index(2, 0));
 }
 
@@ -112,14 +134,13 @@ void addPageRows(Sheet& sheet) {
     sheet.put(scrollBar(true), 158, 620, 124);
     sheet.caption(words("hover"), 160, 632);
 
-    auto* frame = new Wall;
-    frame->setBorderColor(color(ColorRole::divider, &sheet.wall()));
-    frame->setBorders(true, true, true, true);
+    auto* frame = new RoleWall(std::nullopt, ColorRole::divider);
     sheet.put(frame, 16, 681, 330, 40);
     auto* tabs = new SegmentedControlBrick({words("Image"), words("EXIF"), words("GPS")});
     tabs->mini();
     tabs->setSegmentStyle(SegmentStyle::smallSquare);
     tabs->selectSegment(1);
+    tabs->findChildren<QAbstractButton*>().last()->setAttribute(Qt::WA_UnderMouse);
     sheet.put(tabs, 16, 664);
 }
 

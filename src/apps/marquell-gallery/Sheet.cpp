@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Sheet.h"
 
+#include <QEvent>
 #include <QPainter>
 #include <utility>
 
@@ -29,7 +30,9 @@ Label* Sheet::title(const QString& text, double x, double y) {
 Label* Sheet::caption(const QString& text, double x, double y, std::optional<double> width) {
     Label* label = put(standardLabel(text), x, y, width);
     label->small();
-    label->setColorRole(ColorRole::secondaryText);
+    // Grey text is for fields on the column, not for its blue ground.
+    const bool isColumn = surfaceOf(&wall_) == Surface::column;
+    label->setColorRole(isColumn ? ColorRole::text : ColorRole::secondaryText);
     if (width) label->setAlignment(Qt::AlignCenter);
     return label;
 }
@@ -45,6 +48,23 @@ void Sheet::end(double width, double height) {
                                                   corner, edge, 1.0, 0.0);
     };
     addConstraints(&wall_, {keepsRoom(right), keepsRoom(bottom)});
+}
+
+RoleWall::RoleWall(std::optional<ColorRole> ground, std::optional<ColorRole> border)
+    : ground_(ground), border_(border) {
+    setBorders(border.has_value(), border.has_value(), border.has_value(), border.has_value());
+    takeColors();
+}
+
+void RoleWall::changeEvent(QEvent* event) {
+    Wall::changeEvent(event);
+    const auto type = event->type();
+    if (type == QEvent::PaletteChange || type == QEvent::ParentChange) takeColors();
+}
+
+void RoleWall::takeColors() {
+    if (ground_) setBackgroundColor(color(*ground_, this));
+    if (border_) setBorderColor(color(*border_, this));
 }
 
 Picture::Picture(Draw draw, QWidget* parent) : QWidget(parent), draw_(std::move(draw)) {}

@@ -23,7 +23,8 @@ public:
     }
 
     toolkit::Label* title(const QString& text, double x, double y);
-    /// Small and grey; centred about `x` + `width` / 2 where a width is given.
+    /// Small, and grey where that can be read; centred about `x` + `width` / 2 where a width is
+    /// given.
     toolkit::Label* caption(const QString& text, double x, double y,
                             std::optional<double> width = {});
 
@@ -37,6 +38,22 @@ private:
                std::optional<double> height);
 
     toolkit::Wall& wall_;
+};
+
+/// A wall whose ground and border are of roles, so that they follow the mode.
+class RoleWall : public toolkit::Wall {
+public:
+    explicit RoleWall(std::optional<toolkit::ColorRole> ground,
+                      std::optional<toolkit::ColorRole> border = {});
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void takeColors();
+
+    const std::optional<toolkit::ColorRole> ground_;
+    const std::optional<toolkit::ColorRole> border_;
 };
 
 /// A view that draws by a function.

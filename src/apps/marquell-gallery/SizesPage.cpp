@@ -133,7 +133,7 @@ struct Row {
 constexpr std::array rows{
     Row{"Push button", pushButton, 0},      Row{"Default button", defaultButton, 0},
     Row{"Check box", checkBox, 0},          Row{"Check box, three states", stateCheckBox, 0},
-    Row{"Pop-up button", popUp, 190},       Row{"Pull-down button", pullDown, 0},
+    Row{"Pop-up button", popUp, 270},       Row{"Pull-down button", pullDown, 0},
     Row{"Segments", segments, 0},           Row{"Text field", textField, 150},
     Row{"Integer field", integerField, 60}, Row{"Combo box", comboBox, 150},
     Row{"Date picker", datePicker, 0},      Row{"Slider", slider, 150},
@@ -151,7 +151,7 @@ constexpr std::array columns{
     Column{"mini", ControlSize::mini, true}, Column{"disabled", ControlSize::regular, false}};
 
 constexpr double firstX = 190;
-constexpr double pitchX = 220;
+constexpr double pitchX = 290;
 constexpr double firstY = 56;
 constexpr double pitchY = 38;
 

@@ -59,6 +59,7 @@ void addOwnDrawings(Sheet& sheet) {
     auto* slider = new SliderBrick;
     slider->sliderValueChangedFunc = [](float value) { return value; };
     slider->setFloatValue(0.5F);
+    slider->setAccessibleName(words("Amount"));
     slider->knobStack =
         DrawingStack{{{[](QPainter& painter, const QRectF& frame, const auto&, const auto&) {
             BricksDrawing::drawSliderKnob(painter, frame, QColor(0xFF, 0xD2, 0x6B), Qt::black);
@@ -77,18 +78,24 @@ void buildSkins(Wall& wall) {
     struct {
         const char* name;
         std::shared_ptr<const ControlSkin> skin;
-        QColor ground;
+        Appearance appearance;
     } const skins[] = {
-        {"Without a skin", nullptr, color(ColorRole::page, &wall)},
-        {"ControlSkin", std::make_shared<ControlSkin>(), color(ColorRole::page, &wall)},
-        {"GenericControlSkin", std::make_shared<GenericControlSkin>(), Qt::white},
-        {"DarkControlSkin", std::make_shared<DarkControlSkin>(), QColor(0x20, 0x20, 0x20)},
+        {"Without a skin", nullptr, Appearance::system},
+        {"ControlSkin", std::make_shared<ControlSkin>(), Appearance::system},
+        {"GenericControlSkin", std::make_shared<GenericControlSkin>(), Appearance::light},
+        {"DarkControlSkin", std::make_shared<DarkControlSkin>(), Appearance::dark},
     };
     double x = 0;
     for (const auto& skin : skins) {
         auto* part = sheet.put(new Wall, x, 0, 200, 300);
-        part->setBackgroundColor(skin.ground);
-        if (skin.ground == QColor(Qt::white)) setAppearance(part, Appearance::light);
+        if (skin.appearance == Appearance::system) {
+            part->backgroundDrawingFunc = [part](QPainter& painter, const QRectF& frame) {
+                painter.fillRect(frame, color(ColorRole::page, part));
+            };
+        } else {
+            setAppearance(part, skin.appearance);
+            part->setBackgroundColor(color(ColorRole::page, part));
+        }
         addSkinned(*part, words(skin.name), skin.skin);
         x += 200;
     }

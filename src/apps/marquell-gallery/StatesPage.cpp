@@ -141,11 +141,10 @@ void buildStates(Wall& wall) {
     constexpr std::array starts{0.0, 400.0, 790.0};
     constexpr std::array widths{400.0, 390.0, 390.0};
     for (std::size_t i = 0; i < appearances.size(); ++i) {
-        auto* part = new Wall;
-        setAppearance(part, appearances[i]);
         const bool isColumn = appearances[i] == Appearance::column;
-        part->setBackgroundColor(isColumn ? MarquellStyleKit::parameterWallBlue()
-                                          : color(ColorRole::page, part));
+        auto* part = isColumn ? new Wall : new RoleWall(ColorRole::page);
+        if (isColumn) part->setBackgroundColor(MarquellStyleKit::parameterWallBlue());
+        setAppearance(part, appearances[i]);
         Sheet(wall).put(part, starts[i], 0, widths[i], 740);
         buildStatesOn(*part, words(names[i]), isColumn);
     }

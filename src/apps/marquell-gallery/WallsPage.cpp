@@ -21,9 +21,7 @@ namespace {
 void addBorders(Sheet& sheet) {
     sheet.title(words("Borders: every combination"), 16, 16);
     for (int i = 0; i < 16; ++i) {
-        auto* wall = new Wall;
-        wall->setBackgroundColor(color(ColorRole::alternateBase, &sheet.wall()));
-        wall->setBorderColor(color(ColorRole::text, &sheet.wall()));
+        auto* wall = new RoleWall(ColorRole::alternateBase, ColorRole::text);
         wall->setBorders(i & 1, i & 2, i & 4, i & 8);
         sheet.put(wall, 16 + 56 * (i % 8), 48 + 44 * (i / 8), 40, 28);
     }
@@ -36,7 +34,7 @@ void addBackgrounds(Sheet& sheet) {
         return [ink](QPainter& painter, const QRectF& frame) { painter.fillRect(frame, ink); };
     };
     for (int i = 0; i < 4; ++i) {
-        auto* wall = new Wall;
+        auto* wall = new RoleWall(std::nullopt, ColorRole::text);
         wall->setBackgroundColor(QColor(0x16, 0x6B, 0xB1));
         if (i >= 1) wall->backgroundDrawingFunc = fill(QColor(0x2E, 0x8B, 0x57));
         if (i == 2) {
@@ -47,8 +45,6 @@ void addBackgrounds(Sheet& sheet) {
                 }}}};
         }
         if (i == 3) wall->drawingStack = DrawingStack{};
-        wall->setBorderColor(color(ColorRole::text, &sheet.wall()));
-        wall->setBorders(true, true, true, true);
         sheet.put(wall, 16 + 112 * i, 180, 100, 40);
     }
     int i = 0;
@@ -57,11 +53,15 @@ void addBackgrounds(Sheet& sheet) {
     }
 }
 
+/// Fills the wall with a colour that follows the mode.
+void fill(Wall* wall, ColorRole role) {
+    wall->backgroundDrawingFunc = [wall, role](QPainter& painter, const QRectF& frame) {
+        painter.fillRect(frame, color(role, wall));
+    };
+}
+
 Wall* framed(Sheet& sheet, double x, double y, double width, double height) {
-    auto* wall = new Wall;
-    wall->setBorderColor(color(ColorRole::divider, &sheet.wall()));
-    wall->setBorders(true, true, true, true);
-    return sheet.put(wall, x, y, width, height);
+    return sheet.put(new RoleWall(std::nullopt, ColorRole::divider), x, y, width, height);
 }
 
 void addLabel(Wall& wall, const char* text) {
@@ -83,10 +83,10 @@ void addArrangements(Sheet& sheet) {
     auto* side = framed(sheet, 16, 296, 220, 90);
     const auto [left, right] =
         side->split(SplittingSize::relative, 0.3, SplitDirection::horizontal);
-    left->setBackgroundColor(color(ColorRole::selectedSegmentFill, &sheet.wall()));
+    fill(left, ColorRole::selectedSegmentFill);
     addLabel(*left, "0.3");
     const auto [upper, lower] = right->split(SplittingSize::absolute, 30, SplitDirection::vertical);
-    upper->setBackgroundColor(color(ColorRole::header, &sheet.wall()));
+    fill(upper, ColorRole::header);
     addLabel(*upper, "30 points");
     addLabel(*lower, "The rest");
 
@@ -103,7 +103,7 @@ void addTabs(Sheet& sheet) {
     std::vector<Wall*> walls;
     for (const char* text : {"First wall", "Second wall, the widest of the three", "Third"}) {
         walls.push_back(tabs->createNewWall());
-        walls.back()->setBackgroundColor(color(ColorRole::alternateBase, &sheet.wall()));
+        fill(walls.back(), ColorRole::alternateBase);
         addLabel(*walls.back(), text);
     }
     control->selectionChangedFunction = [tabs, walls](int index) {
@@ -127,7 +127,7 @@ void addSpecialWalls(Sheet& sheet) {
         make.container().place(left, left).place(top, top);
     });
     auto* own = sheet.put(new WallWithInstrinsicSize({80, 40}), 496, 402);
-    own->setBackgroundColor(color(ColorRole::tagBand, &sheet.wall()));
+    fill(own, ColorRole::tagBand);
     addLabel(*own, "80 x 40");
 }
 

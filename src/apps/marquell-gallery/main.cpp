@@ -48,22 +48,25 @@ int complain(const QString& message) {
     return 2;
 }
 
-/// The desktop's mode and fonts, now and as they change, unless options say otherwise.
+/// The desktop's mode and fonts, now and as they change. To be made before furnish().
 class Desktop {
 public:
-    Desktop(GalleryWindow& window, bool followsMode)
-        : appearance_(version(), QDBusConnection::sessionBus()),
-          fonts_(QDBusConnection::sessionBus(), [this, &window] {
-              window.setFonts(fonts_.interfaceFont().value_or(window.font()),
-                              fonts_.monospaceFont().value_or(
-                                  QFontDatabase::systemFont(QFontDatabase::FixedFont)));
-          }) {
-        if (!followsMode) return;
-        version().applyLook = toolkit::setSystemDark;
-        appearance_.waitForAnswer(std::chrono::milliseconds(50));
-        toolkit::setSystemDark(version().isDarkMode());
-        listener_->reference = [&window](bool) { window.darkModeChanged(); };
-        version().addDarkModeChangeListener(listener_);
+    Desktop() : appearance_(version(), QDBusConnection::sessionBus()) {}
+
+    void follow(GalleryWindow& window, bool mode, bool fonts) {
+        if (mode) {
+            version().applyLook = toolkit::setSystemDark;
+            appearance_.waitForAnswer(std::chrono::milliseconds(50));
+            toolkit::setSystemDark(version().isDarkMode());
+            listener_->reference = [&window](bool) { window.darkModeChanged(); };
+            version().addDarkModeChangeListener(listener_);
+        }
+        if (!fonts) return;
+        fonts_.emplace(QDBusConnection::sessionBus(), [this, &window] {
+            const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+            window.setFonts(fonts_->interfaceFont().value_or(window.font()),
+                            fonts_->monospaceFont().value_or(fixed));
+        });
     }
 
 private:
@@ -72,8 +75,22 @@ private:
     std::shared_ptr<shell::WeakDarkModeListenerFuncReference> listener_ =
         std::make_shared<shell::WeakDarkModeListenerFuncReference>();
     shell::DesktopAppearance appearance_;
-    shell::DesktopFonts fonts_;
+    std::optional<shell::DesktopFonts> fonts_;
 };
+
+/// 0 by 0 if the text is no size.
+QSize sizeFrom(const QString& text) {
+    const auto sides = text.split(QLatin1Char('x'));
+    return sides.size() == 2 ? QSize(sides[0].toInt(), sides[1].toInt()) : QSize(0, 0);
+}
+
+/// A program without a display can still tell of itself and make pictures.
+void doWithoutDisplay() {
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+        if (qEnvironmentVariableIsSet(name)) return;
+    }
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+}
 
 int savePicture(GalleryWindow& window, const QString& file) {
     window.setAttribute(Qt::WA_DontShowOnScreen);
@@ -86,39 +103,43 @@ int savePicture(GalleryWindow& window, const QString& file) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    QApplication application(argc, argv);
+    doWithoutDisplay();
+    const QApplication application(argc, argv);
     QCommandLineParser parser;
     readOptions(parser, application);
-    if (parser.isSet(QStringLiteral("list"))) {
+    const auto given = [&](const char* name) { return parser.isSet(QLatin1String(name)); };
+    if (given("list")) {
         for (const Page& page : pages()) std::puts(page.name);
         return 0;
     }
     const QString name = parser.value(QStringLiteral("page"));
     const Page* page = name.isEmpty() ? &pages().front() : pageNamed(name);
     if (!page) return complain(QStringLiteral("%1: no such page (see --list)").arg(name));
+    const QSize size =
+        given("size") ? sizeFrom(parser.value(QStringLiteral("size"))) : QSize(1180, 780);
+    if (size.isEmpty()) return complain(QStringLiteral("--size: expected something like 1180x780"));
+    if (!parser.positionalArguments().isEmpty()) {
+        return complain(parser.positionalArguments().front() + QStringLiteral(": no option"));
+    }
 
     shell::QtMainQueue mainQueue;
     platform::MainQueue::install(&mainQueue);
+    Desktop desktop;
     toolkit::furnish();
     QApplication::setWindowIcon(toolkit::applicationIcon());
     GalleryWindow window;
-    const bool isModeGiven =
-        parser.isSet(QStringLiteral("dark")) || parser.isSet(QStringLiteral("light"));
-    if (parser.isSet(QStringLiteral("font"))) {
+    if (given("font")) {
         QFont font(parser.value(QStringLiteral("font")));
         font.setPixelSize(13);
         window.setFonts(font, QFontDatabase::systemFont(QFontDatabase::FixedFont));
     }
-    const Desktop desktop(window, !isModeGiven);
-    if (isModeGiven) toolkit::setSystemDark(parser.isSet(QStringLiteral("dark")));
+    const bool isModeGiven = given("dark") || given("light");
+    if (isModeGiven) toolkit::setSystemDark(given("dark"));
+    desktop.follow(window, !isModeGiven, !given("font"));
     window.darkModeChanged();
     window.showPage(*page);
-
-    const auto size = parser.value(QStringLiteral("size")).split(QLatin1Char('x'));
-    window.resize(size.size() == 2 ? QSize(size[0].toInt(), size[1].toInt()) : QSize(1180, 780));
-    if (parser.isSet(QStringLiteral("picture"))) {
-        return savePicture(window, parser.value(QStringLiteral("picture")));
-    }
+    window.resize(size);
+    if (given("picture")) return savePicture(window, parser.value(QStringLiteral("picture")));
     window.show();
     return QApplication::exec();
 }

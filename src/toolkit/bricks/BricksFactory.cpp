@@ -25,7 +25,13 @@ BricksFactory::~BricksFactory() {
 }
 
 BricksFactory& BricksFactory::topLevel() {
-    static const std::unique_ptr<BricksFactory> factory = createTopLevelFactory();
+    static const std::unique_ptr<BricksFactory> factory = [] {
+        // A look-up may come here first, and must leave the current factory as it is.
+        BricksFactory* const before = currentFactory;
+        auto made = createTopLevelFactory();
+        currentFactory = before;
+        return made;
+    }();
     return *factory;
 }
 

@@ -88,7 +88,11 @@ QString LayoutConstraint::description() const {
 
 void addConstraints(QWidget* container, const LayoutConstraints& constraints) {
     auto& held = recordOf(container).constraints;
-    held.insert(held.end(), constraints.begin(), constraints.end());
+    for (const auto& constraint : constraints) {
+        if (std::find(held.begin(), held.end(), constraint) == held.end()) {
+            held.push_back(constraint);
+        }
+    }
     layoutChanged(container);
 }
 

@@ -12,7 +12,8 @@
 namespace marquell::toolkit {
 
 /// What of a view a constraint speaks of. Positions grow to the right and down; `leading` and
-/// `trailing` follow the direction of the view's text, `left` and `right` do not.
+/// `trailing` follow the direction of reading of the root that places the view, `left` and `right`
+/// do not.
 enum class LayoutAttribute {
     left,
     right,

@@ -59,7 +59,7 @@ LayoutExpression LayoutFrames::positionOf(const QWidget* view, Qt::Orientation o
 LayoutExpression LayoutFrames::attributeOf(const QWidget* view, LayoutAttribute attribute,
                                            bool inReadingDirection) {
     using Attribute = LayoutAttribute;
-    const bool mirrored = view->layoutDirection() == Qt::RightToLeft;
+    const bool mirrored = rootView_->layoutDirection() == Qt::RightToLeft;
     // Counted in the direction of reading, so that distances need not change their sign.
     LayoutExpression mirroredEdge;
     if (followsReading(attribute)) {
@@ -85,9 +85,8 @@ LayoutExpression LayoutFrames::attributeOf(const QWidget* view, LayoutAttribute 
         case Attribute::centerY:
             return positionOf(view, Qt::Vertical, 0.5);
         case Attribute::firstBaseline: {
-            const FirstBaseline baseline = firstBaselineOf(view);
-            auto position = positionOf(view, Qt::Vertical, baseline.heightShare);
-            position.constant = baseline.offset;
+            auto position = positionOf(view, Qt::Vertical, 0.5);
+            position.constant = firstBaselineOffsetOf(view);
             return position;
         }
         default:

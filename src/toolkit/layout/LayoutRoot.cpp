@@ -3,7 +3,9 @@
 
 #include <QEvent>
 #include <QWidget>
-#include <unordered_set>
+#include <cassert>
+#include <unordered_map>
+#include <utility>
 
 #include "toolkit/layout/LayoutSystem.h"
 
@@ -42,28 +44,47 @@ struct LayoutRoot::Parts {
         system.synchronize();
         watchViews();
         working = false;
+        missed = false;
     }
 
+    /// Listens to the views that belong to the root, and no longer to those that have moved away.
     void watchViews() {
         for (QWidget* view : system.views()) {
-            if (!watched.insert(view).second) continue;
+            if (watched.contains(view)) continue;
             view->installEventFilter(root);
-            QObject::connect(view, &QObject::destroyed, root, [this, view] {
-                watched.erase(view);
-                system.forget(view);
-            });
+            watched.emplace(view, QObject::connect(view, &QObject::destroyed, root, [this, view] {
+                                watched.erase(view);
+                                system.forget(view);
+                            }));
         }
+        std::erase_if(watched, [this](const auto& entry) {
+            if (LayoutRoot::above(entry.first) == root) return false;
+            entry.first->removeEventFilter(root);
+            QObject::disconnect(entry.second);
+            system.forget(entry.first);
+            return true;
+        });
+    }
+
+    void place(const QRect& rect) {
+        working = true;
+        system.place(rect);
+        working = false;
+        // Views may have answered to their new sizes by changes that want another look.
+        if (std::exchange(missed, false)) root->invalidate();
     }
 
     LayoutSystem system;
     LayoutRoot* const root;
-    std::unordered_set<QWidget*> watched;
+    std::unordered_map<QWidget*, QMetaObject::Connection> watched;
     bool outdated = true;
-    bool working = false;  // so that moving the views does not ask for another look at them
+    bool working = false;  // moving and measuring the views makes them call for another look
+    bool missed = false;   // such a call, while they were moved
 };
 
 LayoutRoot* LayoutRoot::install(QWidget* view) {
     if (LayoutRoot* present = rootOn(view)) return present;
+    assert(!view->layout());  // Qt gives a view one layout only
     return new LayoutRoot(view);
 }
 
@@ -88,9 +109,10 @@ LayoutRoot::~LayoutRoot() = default;
 
 QStringList LayoutRoot::conflicts() const { return parts_->system.conflicts(); }
 
-void LayoutRoot::layoutNow() { setGeometry(parentWidget()->rect()); }
+void LayoutRoot::layoutNow() { setGeometry(parentWidget()->contentsRect()); }
 
 QSize LayoutRoot::minimumSize() const {
+    if (!parentWidget()->isVisible()) parts_->outdated = true;
     parts_->bringUpToDate();
     return parts_->system.minimumSize();
 }
@@ -99,26 +121,29 @@ QSize LayoutRoot::sizeHint() const { return minimumSize(); }
 
 void LayoutRoot::setGeometry(const QRect& rect) {
     QLayout::setGeometry(rect);
-    parts_->bringUpToDate();
     if (parts_->working) return;
-    parts_->working = true;
-    parts_->system.place(rect.size());
-    parts_->working = false;
+    parts_->bringUpToDate();
+    parts_->place(rect);
 }
 
 void LayoutRoot::invalidate() {
+    parts_->missed = parts_->working;
     if (parts_->working) return;
     parts_->outdated = true;
     QLayout::invalidate();
+    // Qt has hidden views wait, but the room that they need may be kept for them.
+    LayoutRoot* around = parentWidget()->isVisible() ? nullptr : above(parentWidget());
+    if (around) around->invalidate();
 }
 
 bool LayoutRoot::eventFilter(QObject* watched, QEvent* event) {
-    if (changesLayout(event->type())) {
-        if (event->type() == QEvent::LayoutDirectionChange) parts_->system.startAnew();
-        const bool isRootsOwnRequest =
-            watched == parent() && event->type() == QEvent::LayoutRequest;
-        if (!isRootsOwnRequest) invalidate();
-    }
+    const auto type = event->type();
+    const bool isRoot = watched == parent();
+    if (isRoot && type == QEvent::LayoutDirectionChange) parts_->system.startAnew();
+    // While a root is hidden, nobody tells it of the changes below it.
+    const bool comesIntoView = isRoot && type == QEvent::Show;
+    const bool isRootsOwnRequest = isRoot && type == QEvent::LayoutRequest;
+    if (comesIntoView || (changesLayout(type) && !isRootsOwnRequest)) invalidate();
     return QLayout::eventFilter(watched, event);
 }
 

@@ -10,14 +10,16 @@
 namespace marquell::toolkit {
 namespace {
 
-bool lost(const LayoutConstraint& constraint) {
-    return !constraint.firstItem() || (constraint.hasSecondItem() && !constraint.secondItem());
+bool lost(const LayoutConstraint& constraint, const QWidget* container) {
+    const QWidget* subject = constraint.firstItem();
+    if (!subject || (constraint.hasSecondItem() && !constraint.secondItem())) return true;
+    return subject != container && !container->isAncestorOf(subject);
 }
 
 void takeConstraints(const QWidget* container, LayoutScope& scope) {
     ViewRecord* record = existingRecordOf(container);
     if (!record) return;
-    std::erase_if(record->constraints, [](const auto& held) { return lost(*held); });
+    std::erase_if(record->constraints, [&](const auto& held) { return lost(*held, container); });
     scope.constraints.insert(scope.constraints.end(), record->constraints.begin(),
                              record->constraints.end());
 }

@@ -16,7 +16,8 @@ struct LayoutScope {
 };
 
 /// Goes down from the root to controls, scroll areas, windows and the next roots; these belong to
-/// the scope, what is inside them does not. Forgets constraints whose views are gone.
+/// the scope, what is inside them does not. Constraints whose views are gone, or whose first
+/// item has left the container that holds them, are dropped.
 LayoutScope scopeBelow(const QWidget* rootView);
 
 }  // namespace marquell::toolkit

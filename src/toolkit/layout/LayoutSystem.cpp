@@ -2,6 +2,7 @@
 #include "toolkit/layout/LayoutSystem.h"
 
 #include <QDebug>
+#include <QPointer>
 #include <algorithm>
 #include <cmath>
 
@@ -33,11 +34,22 @@ void LayoutSystem::synchronize() {
     const LayoutConstraints inForce = constraintsInForce(scope.constraints);
     takePlaced(inForce);
     demands_.keepOnly(placed_);
-    stated_.state(inForce);
-    demands_.state();
-    // What contradicted a smaller size of some view may hold now.
-    if (!stated_.contradictions().isEmpty()) stated_.state(inForce);
+    stateAll(inForce);
     findMinimum();
+}
+
+void LayoutSystem::stateAll(const LayoutConstraints& inForce) {
+    // What changes step by step may contradict itself in between, and where there is a true
+    // contradiction, who is left out must not depend on what came first: so all is said anew.
+    if (!demands_.state()) {
+        stated_.withdrawAll();
+        demands_.state();
+    }
+    if (!stated_.state(inForce)) {
+        stated_.withdrawAll();
+        stated_.state(inForce);
+    }
+    stated_.report();
 }
 
 void LayoutSystem::startAnew() { stated_.withdrawAll(); }
@@ -45,7 +57,6 @@ void LayoutSystem::startAnew() { stated_.withdrawAll(); }
 void LayoutSystem::forget(const QWidget* view) {
     std::erase(views_, view);
     std::erase(placed_, view);
-    origins_.erase(view);
     demands_.forget(view);
     frames_.forget(view);
 }
@@ -61,7 +72,9 @@ LayoutConstraints LayoutSystem::constraintsInForce(const LayoutConstraints& held
     };
     LayoutConstraints inForce;
     QStringList refused;
+    std::unordered_set<const LayoutConstraint*> known;  // two containers may hold the same
     for (const auto& constraint : held) {
+        if (!known.insert(constraint.get()).second) continue;
         const QWidget* first = constraint->firstItem();
         const QWidget* second = constraint->hasSecondItem() ? constraint->secondItem() : rootView_;
         if (isHere(first) && isHere(second)) {
@@ -100,22 +113,31 @@ void LayoutSystem::setSize(const QSizeF& size) {
     simplex_.setConstant(heightWish_, size.height());
 }
 
-void LayoutSystem::place(const QSize& size) {
-    size_ = size;
+void LayoutSystem::place(const QRect& rect) {
+    struct Place {
+        QPointer<QWidget> view;
+        const QWidget* parent;
+        QRect rect;  // in the parent
+    };
+    size_ = rect.size();
     setSize(size_);
-    origins_.clear();
+    std::unordered_map<const QWidget*, QPoint> origins{{rootView_, QPoint()}};
+    const auto originOf = [&](const QWidget* parent) {
+        QPoint origin;
+        for (; !origins.contains(parent); parent = parent->parentWidget()) origin += parent->pos();
+        return origin + origins.at(parent);
+    };
+    std::vector<Place> places;
     for (QWidget* view : placed_) {
-        const QRect rect = frames_.solvedRect(view);
-        origins_.emplace(view, rect.topLeft());
-        view->setGeometry(rect.translated(-originOf(view->parentWidget())));
+        const QRect inRoot = frames_.solvedRect(view).translated(rect.topLeft());
+        origins.emplace(view, inRoot.topLeft());
+        const QWidget* parent = view->parentWidget();
+        places.push_back({view, parent, inRoot.translated(-originOf(parent))});
     }
-}
-
-QPoint LayoutSystem::originOf(const QWidget* parent) const {
-    if (parent == rootView_) return {};
-    const auto found = origins_.find(parent);
-    if (found != origins_.end()) return found->second;
-    return parent->pos() + originOf(parent->parentWidget());
+    for (const Place& place : places) {
+        const bool isStillThere = place.view && place.view->parentWidget() == place.parent;
+        if (isStillThere) place.view->setGeometry(place.rect);
+    }
 }
 
 }  // namespace marquell::toolkit

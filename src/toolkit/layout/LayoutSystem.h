@@ -34,17 +34,18 @@ public:
     /// The smallest size that the constraints allow, in px.
     QSize minimumSize() const { return minimum_; }
 
-    /// Solves for a size of the root in px and moves the views.
-    void place(const QSize& size);
+    /// Solves for a rectangle of the root in px and moves the views within it. Views may go, come
+    /// and move to other parents meanwhile.
+    void place(const QRect& rect);
 
     QStringList conflicts() const { return stated_.contradictions() + refused_; }
 
 private:
     LayoutConstraints constraintsInForce(const LayoutConstraints& held);
     void takePlaced(const LayoutConstraints& inForce);
+    void stateAll(const LayoutConstraints& inForce);
     void findMinimum();
     void setSize(const QSizeF& size);
-    QPoint originOf(const QWidget* parent) const;
 
     const QWidget* const rootView_;
     Simplex simplex_;
@@ -55,7 +56,6 @@ private:
     Simplex::Constraint heightWish_;
     std::vector<QWidget*> views_;
     std::vector<QWidget*> placed_;  // those of views_ that constraints speak of
-    std::unordered_map<const QWidget*, QPoint> origins_;  // of placed_, in the root
     QStringList refused_;
     QSize minimum_;
     QSize size_;

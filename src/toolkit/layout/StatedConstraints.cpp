@@ -11,9 +11,20 @@ namespace marquell::toolkit {
 StatedConstraints::StatedConstraints(Simplex& simplex, LayoutFrames& frames)
     : simplex_(simplex), frames_(frames) {}
 
-void StatedConstraints::state(const LayoutConstraints& wanted) {
+bool StatedConstraints::state(const LayoutConstraints& wanted) {
     keepOnly(wanted);
-    for (Stated& stated : stated_) bringInLine(stated);
+    bool allHold = true;
+    for (Stated& stated : stated_) allHold &= bringInLine(stated);
+    return allHold;
+}
+
+void StatedConstraints::report() {
+    const QStringList now = contradictions();
+    for (const QString& contradiction : now) {
+        if (reported_.contains(contradiction)) continue;
+        qDebug().noquote() << "layout:" << contradiction << "and is left out";
+    }
+    reported_ = now;
 }
 
 void StatedConstraints::keepOnly(const LayoutConstraints& wanted) {
@@ -46,13 +57,13 @@ void StatedConstraints::withdrawAll() {
     for (Stated& stated : stated_) withdrawRow(stated);
 }
 
-void StatedConstraints::bringInLine(Stated& stated) {
+bool StatedConstraints::bringInLine(Stated& stated) {
     const LayoutConstraint& constraint = *stated.constraint;
     const LayoutExpression difference = frames_.differenceOf(constraint);
     const double constant = constraint.constant() * metrics().scale() - difference.constant;
     const Tier tier = tierOf(constraint.priority());
     const auto handle = stated.row ? std::optional(stated.row->handle) : std::nullopt;
-    if (adapt(simplex_, stated.row, constant, tier)) return;
+    if (adapt(simplex_, stated.row, constant, tier)) return true;
     if (handle) byRow_.erase(*handle);
 
     const auto outcome = simplex_.add(difference.terms, constraint.relation(), constant, tier);
@@ -60,14 +71,11 @@ void StatedConstraints::bringInLine(Stated& stated) {
         stated.row = LayoutRow{*outcome.constraint, constant, tier};
         stated.contradiction.clear();
         byRow_.emplace(*outcome.constraint, stated.constraint.get());
-        return;
+        return true;
     }
-    const QString contradiction =
+    stated.contradiction =
         constraint.description() + QStringLiteral(" contradicts ") + describe(outcome.contradicts);
-    if (contradiction != stated.contradiction) {
-        qDebug().noquote() << "layout:" << contradiction << "and is left out";
-    }
-    stated.contradiction = contradiction;
+    return false;
 }
 
 QString StatedConstraints::describe(const std::vector<Simplex::Constraint>& rows) const {

@@ -11,17 +11,20 @@
 
 namespace marquell::toolkit {
 
-/// The constraints of a root in the solver. One that cannot hold beside the others is left out,
-/// said in a debug message, and tried again at each change.
+/// The constraints of a root in the solver. One that cannot hold beside those before it is left
+/// out, and tried again at each change.
 class StatedConstraints {
 public:
     StatedConstraints(Simplex& simplex, LayoutFrames& frames);
 
-    /// Makes `wanted` the constraints in force.
-    void state(const LayoutConstraints& wanted);
+    /// Makes `wanted` the constraints in force. False if some contradict others.
+    bool state(const LayoutConstraints& wanted);
 
     /// Takes all out, so that the next state() makes all rows anew.
     void withdrawAll();
+
+    /// Says in debug messages what is newly left out.
+    void report();
 
     /// "a.left = b.left + 1 contradicts b.left = 0; …" for each that is left out.
     QStringList contradictions() const;
@@ -34,7 +37,7 @@ private:
     };
 
     void keepOnly(const LayoutConstraints& wanted);
-    void bringInLine(Stated& stated);
+    bool bringInLine(Stated& stated);
     void withdrawRow(Stated& stated);
     QString describe(const std::vector<Simplex::Constraint>& rows) const;
 
@@ -42,6 +45,7 @@ private:
     LayoutFrames& frames_;
     std::vector<Stated> stated_;  // in the order of the views and of their stating
     std::unordered_map<Simplex::Constraint, const LayoutConstraint*> byRow_;
+    QStringList reported_;
 };
 
 }  // namespace marquell::toolkit

@@ -32,40 +32,45 @@ void ViewDemands::forget(const QWidget* view) {
     });
 }
 
-void ViewDemands::state() {
+bool ViewDemands::state() {
+    bool allHold = true;
     for (OfView& own : views_) {
         const IntrinsicSize content = intrinsicSizeOf(own.view);
         const QSize minimum = requiredMinimumOf(own.view);
-        demand(own.across, own.view, Qt::Horizontal, content.width, minimum.width());
-        demand(own.down, own.view, Qt::Vertical, content.height, minimum.height());
+        allHold &= demand(own.across, own.view, Qt::Horizontal, content.width, minimum.width());
+        allHold &= demand(own.down, own.view, Qt::Vertical, content.height, minimum.height());
     }
+    return allHold;
 }
 
-void ViewDemands::demand(Demands& demands, const QWidget* view, Qt::Orientation orientation,
+bool ViewDemands::demand(Demands& demands, const QWidget* view, Qt::Orientation orientation,
                          double content, int minimum) {
     const auto& frame = frames_.frameOf(view);
     const Simplex::Variable length = orientation == Qt::Horizontal ? frame.width : frame.height;
+    bool allHold = true;
     if (minimum > 0) {
-        demandRow(demands.minimum, length, Relation::greaterThanOrEqual, minimum, Tier::required);
+        allHold = demandRow(demands.minimum, length, Relation::greaterThanOrEqual, minimum,
+                            Tier::required);
     } else {
         withdraw(simplex_, demands.minimum);
     }
     if (content < 0) {
         withdraw(simplex_, demands.compression);
         withdraw(simplex_, demands.hugging);
-        return;
+        return allHold;
     }
-    demandRow(demands.compression, length, Relation::greaterThanOrEqual, content,
-              tierOf(contentCompressionResistancePriority(view, orientation)));
-    demandRow(demands.hugging, length, Relation::lessThanOrEqual, content,
-              tierOf(contentHuggingPriority(view, orientation)));
+    allHold &= demandRow(demands.compression, length, Relation::greaterThanOrEqual, content,
+                         tierOf(contentCompressionResistancePriority(view, orientation)));
+    return allHold & demandRow(demands.hugging, length, Relation::lessThanOrEqual, content,
+                               tierOf(contentHuggingPriority(view, orientation)));
 }
 
-void ViewDemands::demandRow(std::optional<LayoutRow>& row, Simplex::Variable length,
+bool ViewDemands::demandRow(std::optional<LayoutRow>& row, Simplex::Variable length,
                             Relation relation, double constant, Tier tier) {
-    if (adapt(simplex_, row, constant, tier)) return;
+    if (adapt(simplex_, row, constant, tier)) return true;
     const auto outcome = simplex_.add({{length, 1}}, relation, constant, tier);
     if (outcome.constraint) row = LayoutRow{*outcome.constraint, constant, tier};
+    return row.has_value();
 }
 
 void ViewDemands::withdrawAll(OfView& own) {

@@ -19,8 +19,8 @@ public:
     /// Makes these the views that may ask for something, and takes back what others asked for.
     void keepOnly(const std::vector<QWidget*>& views);
 
-    /// Measures the views anew.
-    void state();
+    /// Measures the views anew. False if one cannot have the room that its content needs.
+    bool state();
 
     void forget(const QWidget* view);
 
@@ -33,9 +33,9 @@ private:
         Demands across, down;
     };
 
-    void demand(Demands& demands, const QWidget* view, Qt::Orientation orientation, double content,
+    bool demand(Demands& demands, const QWidget* view, Qt::Orientation orientation, double content,
                 int minimum);
-    void demandRow(std::optional<LayoutRow>& row, Simplex::Variable length, Relation relation,
+    bool demandRow(std::optional<LayoutRow>& row, Simplex::Variable length, Relation relation,
                    double constant, Tier tier);
     void withdrawAll(OfView& own);
 

@@ -43,9 +43,8 @@ IntrinsicSize intrinsicSizeOf(const QWidget* view) {
     return {double(hint.width()), double(hint.height())};
 }
 
-FirstBaseline firstBaselineOf(const QWidget* view) {
-    if (const auto* own = dynamic_cast<const BaselineProviding*>(view)) return own->firstBaseline();
-    return {0.5, baselineOffset(QFontMetricsF(view->font()))};
+double firstBaselineOffsetOf(const QWidget* view) {
+    return baselineOffset(QFontMetricsF(view->font()));
 }
 
 QSize requiredMinimumOf(const QWidget* view) {
@@ -53,7 +52,7 @@ QSize requiredMinimumOf(const QWidget* view) {
     if (const auto* own = dynamic_cast<const MinimumProviding*>(view)) {
         least = least.expandedTo(own->minimumContentSize());
     } else if (const auto* root = dynamic_cast<const LayoutRoot*>(view->layout())) {
-        least = least.expandedTo(root->minimumSize());
+        least = least.expandedTo(root->totalMinimumSize());
     }
     return least;
 }

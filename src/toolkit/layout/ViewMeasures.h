@@ -13,24 +13,11 @@ struct IntrinsicSize {
     double height = -1;
 };
 
-/// Where the first line of text stands: at top + heightShare * height + offset, in px.
-struct FirstBaseline {
-    double heightShare = 0.5;
-    double offset = 0;
-};
-
 /// A view that says itself what its content asks for. It calls updateGeometry() when that changes.
 class IntrinsicallySized {
 public:
     virtual ~IntrinsicallySized() = default;
     virtual IntrinsicSize intrinsicContentSize() const = 0;
-};
-
-/// A view whose text does not stand in the middle of its height.
-class BaselineProviding {
-public:
-    virtual ~BaselineProviding() = default;
-    virtual FirstBaseline firstBaseline() const = 0;
 };
 
 /// A view with content that has a smallest size (pages, split views): never laid out below it.
@@ -46,7 +33,8 @@ bool isControl(const QWidget* view);
 /// What the view asks for: its own word, else a control's size hint, else nothing.
 IntrinsicSize intrinsicSizeOf(const QWidget* view);
 
-FirstBaseline firstBaselineOf(const QWidget* view);
+/// How far below the middle of the view the baseline of its text lies, in px.
+double firstBaselineOffsetOf(const QWidget* view);
 
 /// Smallest size that the view may be given, in px.
 QSize requiredMinimumOf(const QWidget* view);
