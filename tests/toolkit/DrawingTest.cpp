@@ -14,6 +14,7 @@
 #include "toolkit/drawing/DarkControlSkin.h"
 #include "toolkit/drawing/DrawingPalette.h"
 #include "toolkit/drawing/MarquellStyleKit.h"
+#include "toolkit/look/Metrics.h"
 
 namespace marquell::toolkit {
 namespace {
@@ -121,6 +122,28 @@ TEST(Skin, AFrameColourDrawsTheOutlineOnly) {
     EXPECT_EQ(inkOf(image), QRect(2, 2, 56, 20));
     EXPECT_EQ(image.pixelColor(30, 2), Qt::blue);
     EXPECT_EQ(opacitiesIn(image, QRect(6, 3, 48, 18)), std::set<int>{0});
+}
+
+TEST(Skin, LengthsGrowWithTheInterfaceFont) {
+    const QFont usual = metrics().font(FontRole::regular);
+    QFont large = usual;
+    large.setPixelSize(30);
+    setInterfaceFonts(large, large);
+    const QRectF frame(0, 0, 60, 60);
+    const auto button = [&](const DrawingShadow& shadow) {
+        return inkOf(drawn({60, 60}, [&](QPainter& painter) {
+            BricksDrawing::drawPushButton(painter, frame, Qt::white, Qt::blue, Qt::black, {},
+                                          shadow);
+        }));
+    };
+    EXPECT_EQ(button({Qt::transparent, {}, 0}), QRect(4, 4, 52, 52));
+    EXPECT_EQ(button({Qt::black, {0, 1}, 1}), QRect(2, 4, 56, 56));
+    const QImage panel = drawn({60, 60}, [&](QPainter& painter) {
+        MarquellStyleKit::drawFragmentFrame(painter, frame, frame, 20);
+    });
+    EXPECT_EQ(panel.pixel(20, 39), MarquellStyleKit::parameterWallBlue().rgb());
+    EXPECT_EQ(panel.pixelColor(20, 40), Qt::white);
+    setInterfaceFonts(usual, usual);
 }
 
 TEST(ResizingBehavior, FitsACanvasToAFrame) {

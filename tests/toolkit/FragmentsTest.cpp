@@ -80,8 +80,18 @@ TEST_F(FragmentStack, ClosesUpOverWhatIsHidden) {
     stack_.hideFragment(second);
     stack_.showFragment(second);
     EXPECT_THAT(bands(), ElementsAre(Pair(0, 10), Pair(12, 30)));
+    stack_.hideFragment(second);
+    second->show();
+    EXPECT_THAT(bands(), ElementsAre(Pair(0, 10), Pair(12, 30)));
+    stack_.showFragment(second);
+    EXPECT_THAT(bands(), ElementsAre(Pair(0, 10), Pair(12, 20), Pair(34, 30)));
     delete first;
+    second->hide();
     EXPECT_THAT(bands(), ElementsAre(Pair(0, 30)));
+    // What was stated on the stack about a fragment goes with it.
+    addConstraints(
+        &stack_, {std::make_shared<LayoutConstraint>(third, LayoutAttribute::right, Relation::equal,
+                                                     &stack_, LayoutAttribute::right, 1, 0)});
     Wall elsewhere;
     third->setParent(&elsewhere);
     EXPECT_THAT(stack_.arrangedSubviews(), ElementsAre(second));

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -242,6 +243,10 @@ TEST(LookTest, textsAreShownAsTheyStand) {
         EXPECT_EQ(toolTip.toPlainText(), text);
     }
     EXPECT_EQ(toolTipText(QString()), QString());
+    QLabel longName(toolTipText(QString(255, u'm')));
+    longName.setTextFormat(Qt::RichText);
+    longName.setWordWrap(true);
+    EXPECT_LE(longName.sizeHint().width(), 61 * longName.fontMetrics().horizontalAdvance(u'm'));
     EXPECT_EQ(textOfTitle(QStringLiteral("&Open && &Close&")), QStringLiteral("Open & Close"));
 
     QLabel label(QStringLiteral("<b>bold</b>"));
@@ -357,6 +362,11 @@ TEST_F(FocusRingTest, comesWithKeysAndGoesWithTheMouse) {
     QTest::keyClick(&first_, Qt::Key_Tab);
     ASSERT_TRUE(second_.hasFocus());
     EXPECT_TRUE(hasRingAbout(rectOf(second_))) << "also over the neighbour that touches it";
+    neighbour_.setGeometry(190, 30, 70, 60);
+    second_.raise();
+    neighbour_.raise();
+    EXPECT_TRUE(hasRingAbout(rectOf(second_))) << "also over what comes to the top later";
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&window_)->childCount(), 3);
     EXPECT_FALSE(hasRingAbout(rectOf(first_)));
 
     QTest::mouseClick(&neighbour_, Qt::LeftButton);
@@ -413,6 +423,11 @@ TEST_F(FocusRingTest, scrollsWithTheDocument) {
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) ASSERT_NE(image.pixel(x, y), ring);
     }
+    area.hide();
+    area.show();
+    area.verticalScrollBar()->setValue(0);
+    button->setFocus(Qt::TabFocusReason);
+    EXPECT_TRUE(hasRingAbout(QRect(20, 60, 100, 24)));
 }
 
 }  // namespace

@@ -68,7 +68,8 @@ TEST(Wall, PaintsTheFirstBackgroundThatIsSet) {
     wall.setBorders(false, true, false, false);
     EXPECT_THAT(painted(wall), ElementsAre("gggggg", "gggggg", "gggggg", "gggggg", "bbbbbb"));
     wall.drawingStack = DrawingStack{};
-    wall.setBorders(false, false, false, false);
+    EXPECT_TRUE(wall.drawBottomBorder());
+    wall.setDrawBottomBorder(false);
     EXPECT_THAT(painted(wall), testing::Each("wwwwww"));  // a stack is set, if an empty one
 
     DrawingOperation half = filling(Qt::red);
@@ -153,8 +154,10 @@ TEST(Wall, IsSplitCentredAndFilled) {
     Wall* centred = lower->createCenteredWallInside();
     auto* content = new ViewWithInstrinsicSize(QSizeF(50, 20));
     centred->factory().internalAddBrick(content, [](auto& make) { make.fillContainer(); });
+    const auto nothing = makeController<NiblessViewController>(true);
+    upper->fillWallWith(*nothing);
     auto controller = makeController<NiblessViewController>(
-        false, [](NiblessViewController& built) { built.setView(new Wall); });
+        true, [](NiblessViewController& built) { built.setView(new Wall); });
     upper->fillWallWith(*controller);
     root->layoutNow();
     EXPECT_EQ(left->geometry(), QRect(0, 0, 50, 100));
@@ -233,6 +236,14 @@ TEST(NiblessViewController, BuildsAtOnceOrLaterAndWatchesItsView) {
     window.hide();
     window.show();
     EXPECT_THAT(controller->notes, ElementsAre("there", "gone", "there"));
+    auto* shown = new Wall;
+    addSubview(&window, shown);
+    controller->setView(shown);
+    EXPECT_THAT(controller->notes, ElementsAre("there", "gone", "there", "gone", "there"));
+    delete shown;
+    EXPECT_EQ(controller->notes.back(), "gone");
+    controller->setView(view);
+    EXPECT_EQ(controller->notes.back(), "there");
     controller.reset();
     EXPECT_NE(view, nullptr);  // it is the window's by now
     window.hide();

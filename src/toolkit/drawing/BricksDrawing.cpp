@@ -26,21 +26,24 @@ void fillRounded(QPainter& painter, const QRectF& box, double radius, const QBru
     painter.restore();
 }
 
-/// Layers that grow outwards from the shape and add up to its shadow.
-void castShadow(QPainter& painter, const QRectF& box, double radius, const DrawingShadow& shadow) {
+/// Layers that grow outwards from the shape and add up to its shadow. `point`: the length of one in
+/// the painter's coordinates.
+void castShadow(QPainter& painter, const QRectF& box, double radius, const DrawingShadow& shadow,
+                double point) {
     constexpr int layers = 4;
     QColor tint = shadow.color;
     tint.setAlphaF(tint.alphaF() / (2 * layers));
     for (int i = 1; i <= layers; ++i) {
-        const double grown = shadow.blurRadius * i / layers;
+        const double grown = point * shadow.blurRadius * i / layers;
         const QRectF layer = box.adjusted(-grown, -grown, grown, grown);
-        fillRounded(painter, layer.translated(shadow.offset), radius + grown, tint);
+        fillRounded(painter, layer.translated(point * shadow.offset), radius + grown, tint);
     }
 }
 
 /// The box of a button, which leaves room for the shadow.
 QRectF buttonBox(const QPainter& painter, const QRectF& frame) {
-    return snapped(painter, frame).adjusted(2, 2, -2, -2);
+    const double room = 2 * metrics().scale();
+    return snapped(painter, frame.adjusted(room, room, -room, -room));
 }
 
 double buttonRadius() { return controlRadius(ControlSize::mini); }
@@ -86,7 +89,7 @@ void BricksDrawing::drawPushButton(QPainter& painter, const QRectF& frame, const
                                    const QColor& stroke, const QColor& textColor,
                                    const QString& title, const DrawingShadow& shadow) {
     const QRectF box = buttonBox(painter, frame);
-    if (fill.alpha() > 0) castShadow(painter, box, buttonRadius(), shadow);
+    if (fill.alpha() > 0) castShadow(painter, box, buttonRadius(), shadow, metrics().scale());
     drawBox(painter, box, buttonRadius(), unlessClear(fill), unlessClear(stroke));
     drawCenteredTitle(painter, box, textColor, title);
 }
@@ -169,7 +172,7 @@ void BricksDrawing::drawSliderKnob(QPainter& painter, const QRectF& frame, const
     constexpr double radius = 8;
     painter.save();
     fitCanvas(painter, resizing, knobCanvas, frame);
-    if (fill.alpha() > 0) castShadow(painter, knob, radius, lightShadow());
+    if (fill.alpha() > 0) castShadow(painter, knob, radius, lightShadow(), 1);
     drawBox(painter, knob, radius, unlessClear(fill), unlessClear(stroke));
     painter.restore();
 }

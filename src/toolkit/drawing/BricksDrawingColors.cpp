@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "toolkit/drawing/BricksDrawing.h"
+#include "toolkit/look/ColorRole.h"
 
 namespace marquell::toolkit {
 namespace {
@@ -11,6 +12,13 @@ QColor rgba(float red, float green, float blue, float alpha) {
 QColor halfway(const QColor& a, const QColor& b) {
     return rgba((a.redF() + b.redF()) / 2, (a.greenF() + b.greenF()) / 2,
                 (a.blueF() + b.blueF()) / 2, (a.alphaF() + b.alphaF()) / 2);
+}
+
+/// The house's light grey, half translucent.
+QColor lightShadowColor() {
+    QColor gray = color(ColorRole::waitingText, Surface::light);
+    gray.setAlphaF(0.5F);
+    return gray;
 }
 
 struct Cache {
@@ -32,7 +40,7 @@ struct Cache {
         {0.5, halfway(highlightGradientStart, highlightGradientEnd)},
         {1.0, highlightGradientEnd}};
     DrawingShadow lightShadow = {
-        .color = rgba(0.667F, 0.667F, 0.667F, 0.5F), .offset = QPointF(0, 0.5), .blurRadius = 2};
+        .color = lightShadowColor(), .offset = QPointF(0, 0.5), .blurRadius = 2};
 };
 
 const Cache& cache() {

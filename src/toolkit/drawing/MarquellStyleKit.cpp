@@ -105,7 +105,7 @@ void MarquellStyleKit::drawFragmentFrame(QPainter& painter, const QRectF& paramC
                                          const QRectF& theFrame, double height) {
     const QRectF colored = snapped(painter, paramColorFrame);
     QRectF band = colored;
-    band.setHeight(height);
+    band.setHeight(points(height));
     QRectF bar = colored;
     bar.setWidth(points(4));
     painter.save();

@@ -47,6 +47,19 @@ public:
     static void drawTextOutputIconMini(QPainter& painter, const QRectF& frame,
                                        const QColor& color = parameterWallBlue(),
                                        ResizingBehavior resizing = ResizingBehavior::aspectFit);
+    // What the images with twice and three times the pixels show: the same.
+    static void drawTablePreviewIconMini2(QPainter& painter, const QRectF& frame,
+                                          const QColor& color = parameterWallBlue(),
+                                          ResizingBehavior resizing = ResizingBehavior::aspectFit);
+    static void drawTablePreviewIconMini3(QPainter& painter, const QRectF& frame,
+                                          const QColor& color = parameterWallBlue(),
+                                          ResizingBehavior resizing = ResizingBehavior::aspectFit);
+    static void drawTextOutputIconMini2(QPainter& painter, const QRectF& frame,
+                                        const QColor& color = parameterWallBlue(),
+                                        ResizingBehavior resizing = ResizingBehavior::aspectFit);
+    static void drawTextOutputIconMini3(QPainter& painter, const QRectF& frame,
+                                        const QColor& color = parameterWallBlue(),
+                                        ResizingBehavior resizing = ResizingBehavior::aspectFit);
 
     // The icons as images, made once for each colour and each number of device pixels to the point.
     static QPixmap imageOfTablePreviewIcon(double devicePixelRatio,

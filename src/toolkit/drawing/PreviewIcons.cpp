@@ -108,6 +108,26 @@ void MarquellStyleKit::drawTextOutputIconMini(QPainter& painter, const QRectF& f
     draw(Icon::textMini, painter, frame, color, resizing);
 }
 
+void MarquellStyleKit::drawTablePreviewIconMini2(QPainter& painter, const QRectF& frame,
+                                                 const QColor& color, ResizingBehavior resizing) {
+    drawTablePreviewIconMini(painter, frame, color, resizing);
+}
+
+void MarquellStyleKit::drawTablePreviewIconMini3(QPainter& painter, const QRectF& frame,
+                                                 const QColor& color, ResizingBehavior resizing) {
+    drawTablePreviewIconMini(painter, frame, color, resizing);
+}
+
+void MarquellStyleKit::drawTextOutputIconMini2(QPainter& painter, const QRectF& frame,
+                                               const QColor& color, ResizingBehavior resizing) {
+    drawTextOutputIconMini(painter, frame, color, resizing);
+}
+
+void MarquellStyleKit::drawTextOutputIconMini3(QPainter& painter, const QRectF& frame,
+                                               const QColor& color, ResizingBehavior resizing) {
+    drawTextOutputIconMini(painter, frame, color, resizing);
+}
+
 QPixmap MarquellStyleKit::imageOfTablePreviewIcon(double devicePixelRatio, const QColor& color) {
     return imageOf(Icon::table, devicePixelRatio, color);
 }

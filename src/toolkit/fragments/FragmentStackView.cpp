@@ -59,10 +59,10 @@ void FragmentStackView::setVisibilityPriority(VisibilityPriority priority, QWidg
     if (entry == nullptr || entry->priority == priority) return;
     entry->priority = priority;
     const bool isShown = priority != VisibilityPriority::notVisible;
-    if (!isShown) entry->wasHidden = view->isHidden();
+    if (!isShown) entry->isHiddenByItself = view->isHidden();
     {
         const QScopedValueRollback changing(isChangingVisibility_, true);
-        view->setVisible(isShown && !entry->wasHidden);
+        view->setVisible(isShown && !entry->isHiddenByItself);
     }
     chainUp();
 }
@@ -142,8 +142,9 @@ bool FragmentStackView::eventFilter(QObject* watched, QEvent* event) {
     const auto type = event->type();
     const bool changesVisibility =
         (type == QEvent::ShowToParent || type == QEvent::HideToParent) && !isChangingVisibility_;
-    if (const Arranged* entry = changesVisibility ? find(watched) : nullptr) {
+    if (Arranged* entry = changesVisibility ? find(watched) : nullptr) {
         if (entry->priority == VisibilityPriority::notVisible) {
+            entry->isHiddenByItself = type == QEvent::HideToParent;
             const QScopedValueRollback changing(isChangingVisibility_, true);
             entry->view->hide();
         } else {

@@ -45,8 +45,10 @@ public:
     /// The views in their order, the hidden ones among them.
     std::vector<QWidget*> arrangedSubviews() const;
 
-    /// Does nothing for a view that is not arranged here. As long as a view is `notVisible`, its
-    /// own hide() and show() have no effect.
+    /// Does nothing for a view that is not arranged here. A view shows when both its priority and
+    /// its own hide() or show() allow it. A show() while it is `notVisible` counts from the next
+    /// change of the priority on; a hide() in the meantime does not, as Qt tells nobody of hiding
+    /// what is hidden.
     void setVisibilityPriority(VisibilityPriority priority, QWidget* view);
     /// `notVisible` for a view that is not arranged here.
     VisibilityPriority visibilityPriority(const QWidget* view) const;
@@ -75,7 +77,7 @@ private:
     struct Arranged {
         QWidget* view = nullptr;
         VisibilityPriority priority = VisibilityPriority::detachOnlyIfNecessary;
-        bool wasHidden = false;  // by itself, before the priority hid it
+        bool isHiddenByItself = false;  // kept while the priority hides it, too
     };
 
     Arranged* find(const QObject* view);

@@ -98,6 +98,11 @@ void FocusRing::follow(const QWidget* changed, const QEvent& event) {
         case QEvent::ChildAdded:
             if (ring_ != nullptr && changed == ring_->parentWidget()) ring_->raise();
             break;
+        case QEvent::ZOrderChange:
+            if (ring_ != nullptr && changed->parentWidget() == ring_->parentWidget()) {
+                ring_->raise();
+            }
+            break;
         case QEvent::Paint:
             // What the ring lies about may have changed with the control's content.
             if (changed == control_) placing_.start();
@@ -112,7 +117,10 @@ void FocusRing::place() {
         control_ != nullptr && control_->isVisible() && (atKeyboard_ || takesWriting(*control_));
     QWidget* parent = shown ? ringParentFor(*control_) : nullptr;
     if (ring_ != nullptr && (ring_->parentWidget() != parent || ring_->control() != control_)) {
-        delete ring_;
+        // The parent may be going through its children right now, to hide them or to show them.
+        ring_->hide();
+        ring_->deleteLater();
+        ring_ = nullptr;
     }
     if (parent == nullptr) return;
     if (ring_ == nullptr) ring_ = new FocusRingView(parent, control_);

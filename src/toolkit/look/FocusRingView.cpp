@@ -11,10 +11,8 @@
 namespace marquell::toolkit {
 
 FocusRingView::FocusRingView(QWidget* parent, const QWidget* control)
-    : QWidget(parent), control_(control) {
-    setAttribute(Qt::WA_TransparentForMouseEvents);
+    : QFocusFrame(parent), control_(control) {
     setAttribute(Qt::WA_NoSystemBackground);
-    setFocusPolicy(Qt::NoFocus);
 }
 
 void FocusRingView::place() {

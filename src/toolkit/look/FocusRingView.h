@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QFocusFrame>
 #include <QPointer>
-#include <QWidget>
 
 #include "toolkit/look/FocusRingShape.h"
 
 namespace marquell::toolkit {
 
-/// Draws the ring about a control and nothing else; lies above all other views of its parent.
-class FocusRingView : public QWidget {
+/// Draws the ring about a control and nothing else; lies above all other views of its parent. Being
+/// a focus frame keeps it out of the accessible tree.
+class FocusRingView : public QFocusFrame {
 public:
     /// `parent` is an ancestor of the control.
     FocusRingView(QWidget* parent, const QWidget* control);

@@ -5,6 +5,7 @@
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QFontMetrics>
+#include <QPointer>
 #include <QWidget>
 #include <algorithm>
 #include <cmath>
@@ -104,8 +105,10 @@ void setInterfaceFonts(const QFont& interfaceFont, const QFont& monospacedFont) 
         }
     }
     // The sizes that views remember hold no longer, even where a font stayed as it was.
-    const QWidgetList views = QApplication::allWidgets();
-    for (QWidget* view : views) {
+    const QWidgetList all = QApplication::allWidgets();
+    const QList<QPointer<QWidget>> views(all.begin(), all.end());  // one may delete another
+    for (const QPointer<QWidget>& view : views) {
+        if (view == nullptr) continue;
         QEvent change(QEvent::StyleChange);
         QCoreApplication::sendEvent(view, &change);
     }

@@ -9,6 +9,24 @@ namespace {
 
 constexpr qsizetype longestUnbrokenLine = 60;  // characters
 
+/// The text with places to break at in runs without blanks, as names of files can be.
+QString withBreaks(const QString& text) {
+    constexpr QChar zeroWidthSpace(0x200b);
+    QString broken;
+    qsizetype run = 0;
+    for (const QChar each : text) {
+        const bool isBlank = each == u' ' || each == u'\n';
+        const bool goesWithTheLast = each.isLowSurrogate() || each.isMark();
+        if (run >= longestUnbrokenLine && !isBlank && !goesWithTheLast) {
+            broken += zeroWidthSpace;
+            run = 0;
+        }
+        broken += each;
+        run = isBlank ? 0 : run + 1;
+    }
+    return broken;
+}
+
 }  // namespace
 
 QString titleText(const QString& text) {
@@ -35,7 +53,7 @@ QString toolTipText(const QString& text) {
     // What may wrap does, into a shape as balanced as Qt can make it, however little there is.
     const QString wrapping = isShort ? QStringLiteral("pre") : QStringLiteral("pre-wrap");
     return QStringLiteral("<qt><div style='white-space:%1'>%2</div></qt>")
-        .arg(wrapping, text.toHtmlEscaped());
+        .arg(wrapping, withBreaks(text).toHtmlEscaped());
 }
 
 }  // namespace marquell::toolkit

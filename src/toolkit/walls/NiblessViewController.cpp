@@ -16,29 +16,37 @@ void NiblessViewController::build() {
 
 void NiblessViewController::setView(Wall* view) {
     if (view == view_) return;
+    setOnScreen(false);
     dropView();
     view_ = view;
     if (view_ == nullptr) return;
-    isOnScreen_ = view_->isVisible();
     view_->installEventFilter(this);
+    // A child that is deleted is not hidden before.
+    connect(view_, &QObject::destroyed, this, [this] { setOnScreen(false); });
+    setOnScreen(view_->isVisible());
 }
 
 void NiblessViewController::dropView() {
     if (view_ == nullptr) return;
     view_->removeEventFilter(this);
+    disconnect(view_, nullptr, this, nullptr);
     if (view_->parentWidget() == nullptr) delete view_;
+}
+
+void NiblessViewController::setOnScreen(bool isOnScreen) {
+    if (isOnScreen_ == isOnScreen) return;
+    isOnScreen_ = isOnScreen;
+    if (isOnScreen) {
+        viewDidAppear();
+    } else {
+        viewDidDisappear();
+    }
 }
 
 bool NiblessViewController::eventFilter(QObject* watched, QEvent* event) {
     const auto type = event->type();
     // A hidden view is told so once more when its window is hidden after being minimised.
-    if (type == QEvent::Show && !isOnScreen_) {
-        isOnScreen_ = true;
-        viewDidAppear();
-    } else if (type == QEvent::Hide && isOnScreen_) {
-        isOnScreen_ = false;
-        viewDidDisappear();
-    }
+    if (type == QEvent::Show || type == QEvent::Hide) setOnScreen(type == QEvent::Show);
     return QObject::eventFilter(watched, event);
 }
 

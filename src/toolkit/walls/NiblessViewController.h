@@ -35,13 +35,15 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 protected:
-    /// The view has come on the screen, or has gone from it: with its window, or with the page that
-    /// it is on. The two always alternate.
+    /// The view has come on the screen, or has gone from it: with its window, with the page that it
+    /// is on, as a new view of this controller, or by its end (view() is null then). The two always
+    /// alternate. A controller that is destroyed before its view says nothing any more.
     virtual void viewDidAppear() {}
     virtual void viewDidDisappear() {}
 
 private:
     void dropView();
+    void setOnScreen(bool isOnScreen);
 
     QPointer<Wall> view_;
     const BuildFunc buildFunc_;

@@ -12,6 +12,13 @@ namespace marquell::toolkit {
 
 TabWall::TabWall(QWidget* parent) : QStackedWidget(parent) {}
 
+TabWall::~TabWall() {
+    // The pages go after the dictionary.
+    for (const auto& [wall, page] : contentWallToTabViewItemDict_) {
+        disconnect(wall, nullptr, this, nullptr);
+    }
+}
+
 Wall* TabWall::createNewWall() {
     auto* page = new QWidget(this);
     LayoutRoot::install(page);

@@ -15,6 +15,7 @@ class Wall;
 class TabWall : public QStackedWidget, public MinimumProviding {
 public:
     explicit TabWall(QWidget* parent = nullptr);
+    ~TabWall() override;
 
     /// A wall on a page of its own behind the others. Pages count in the order of their making.
     Wall* createNewWall();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "toolkit/walls/Wall.h"
 
+#include <QDebug>
 #include <QPainter>
 
 #include "toolkit/look/Glyph.h"
@@ -26,10 +27,29 @@ void Wall::setBorderColor(const QColor& color) {
 }
 
 void Wall::setBorders(bool top, bool bottom, bool left, bool right) {
-    drawTopBorder_ = top;
-    drawBottomBorder_ = bottom;
-    drawLeftBorder_ = left;
-    drawRightBorder_ = right;
+    setDrawTopBorder(top);
+    setDrawBottomBorder(bottom);
+    setDrawLeftBorder(left);
+    setDrawRightBorder(right);
+}
+
+void Wall::setDrawTopBorder(bool drawTopBorder) {
+    drawTopBorder_ = drawTopBorder;
+    update();
+}
+
+void Wall::setDrawBottomBorder(bool drawBottomBorder) {
+    drawBottomBorder_ = drawBottomBorder;
+    update();
+}
+
+void Wall::setDrawLeftBorder(bool drawLeftBorder) {
+    drawLeftBorder_ = drawLeftBorder;
+    update();
+}
+
+void Wall::setDrawRightBorder(bool drawRightBorder) {
+    drawRightBorder_ = drawRightBorder;
     update();
 }
 
@@ -81,6 +101,11 @@ Wall* Wall::createCenteredWallInside() {
 }
 
 void Wall::fillWallWith(NiblessViewController& viewController) {
+    if (viewController.view() == nullptr) viewController.build();
+    if (viewController.view() == nullptr) {
+        qDebug("wall: the controller has built no view to fill the wall with");
+        return;
+    }
     factory_.internalAddBrick(viewController.view(),
                               [](LayoutConstraintMaker& make) { make.fillContainer(); });
 }

@@ -36,8 +36,19 @@ public:
     bool isFlipped() const { return inheritsFlipped; }
     bool allowsVibrancy() const { return inheritsVibrancy; }
 
+    const std::optional<QColor>& backgroundColor() const { return backgroundColor_; }
     void setBackgroundColor(std::optional<QColor> color);
+    const QColor& borderColor() const { return borderColor_; }
     void setBorderColor(const QColor& color);
+
+    bool drawTopBorder() const { return drawTopBorder_; }
+    void setDrawTopBorder(bool drawTopBorder);
+    bool drawBottomBorder() const { return drawBottomBorder_; }
+    void setDrawBottomBorder(bool drawBottomBorder);
+    bool drawLeftBorder() const { return drawLeftBorder_; }
+    void setDrawLeftBorder(bool drawLeftBorder);
+    bool drawRightBorder() const { return drawRightBorder_; }
+    void setDrawRightBorder(bool drawRightBorder);
     void setBorders(bool top, bool bottom, bool left, bool right);
 
     /// Paints into the wall's bounds: the drawing stack, else the drawing function, else the
@@ -46,7 +57,8 @@ public:
 
     /// A wall in the middle of this one, as large as its content.
     Wall* createCenteredWallInside();
-    /// Puts the controller's view on this wall, and has it fill the wall.
+    /// Puts the controller's view on this wall, and has it fill the wall. A view that is not built
+    /// yet is built first; nothing happens if there is none then either.
     void fillWallWith(NiblessViewController& viewController);
     /// Two walls that fill this one, left and right or top and bottom. `factor` is the first one's
     /// share (0 to 1) or its length in points.
