@@ -8,9 +8,9 @@ BUILD_DIR is a Ninja build folder that has been built: its record of what each o
 from says when a source has to be judged again. A source that passed is remembered by the content
 of everything it includes, the compile command, the configuration and the version of clang-tidy.
 
-Nearly all the time goes into the headers of libraries, so sources of a folder are judged several
-at a time, as one that includes them all. Those that cannot stand together, for each has a private
-function of the same name, are put apart.
+Nearly all the time goes into the headers of libraries, so sources with the same flags are judged
+several at a time, as one that includes them all. Those that cannot stand together, for each has a
+private function of the same name, are put apart.
 """
 
 import hashlib
@@ -34,7 +34,7 @@ CLANG_ARGUMENTS = ["-Wno-unknown-warning-option",
 # A batch includes sources, which is what the check left out is about.
 ARGUMENTS = ["--quiet", "--checks=-bugprone-suspicious-include",
              *(f"--extra-arg={argument}" for argument in CLANG_ARGUMENTS)]
-BATCH = 12
+BATCH = 20
 
 
 @lru_cache(maxsize=None)
@@ -78,14 +78,13 @@ def flags_of(entry):
 
 
 def batches(jobs):
-    """The jobs in lists that share flags and folder, none longer than BATCH."""
+    """The jobs in lists that share their flags, none longer than BATCH."""
     groups = {}
-    for job in jobs:
-        groups.setdefault((flags_of(job[0]), os.path.dirname(job[0]["file"])), []).append(job)
+    for job in sorted(jobs, key=lambda job: job[0]["file"]):
+        groups.setdefault(flags_of(job[0]), []).append(job)
     for group in groups.values():
-        count = -(-len(group) // BATCH)
-        for start in range(count):
-            yield group[start::count]
+        for start in range(0, len(group), BATCH):
+            yield group[start:start + BATCH]
 
 
 def stands(source, flags):

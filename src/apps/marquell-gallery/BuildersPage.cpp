@@ -45,7 +45,7 @@ public:
     }
 
     LayoutClosure next(double width) {
-        return [this, width, place = next()](LayoutConstraintMaker& make) {
+        return [width, place = next()](LayoutConstraintMaker& make) {
             make.width(width);
             place(make);
         };

@@ -111,6 +111,14 @@ std::vector<Drawing> windowDrawings() {
          [](auto& p, const auto& f) { K::drawTablePreviewIconMini(p, f); }},
         {"drawTextOutputIconMini, 3 x", large,
          [](auto& p, const auto& f) { K::drawTextOutputIconMini(p, f); }},
+        {"drawTablePreviewIconMini2", icon,
+         [](auto& p, const auto& f) { K::drawTablePreviewIconMini2(p, f); }},
+        {"drawTablePreviewIconMini3", icon,
+         [](auto& p, const auto& f) { K::drawTablePreviewIconMini3(p, f); }},
+        {"drawTextOutputIconMini2", icon,
+         [](auto& p, const auto& f) { K::drawTextOutputIconMini2(p, f); }},
+        {"drawTextOutputIconMini3", icon,
+         [](auto& p, const auto& f) { K::drawTextOutputIconMini3(p, f); }},
         {"imageOfTablePreviewIconMini3", icon, pixmap(K::imageOfTablePreviewIconMini3)},
         {"imageOfTextOutputIconMini2", icon, pixmap(K::imageOfTextOutputIconMini2)},
         {"Logo",
@@ -127,17 +135,19 @@ std::vector<Drawing> windowDrawings() {
 
 /// In columns below a title; answers where the next may begin.
 double addDrawings(Sheet& sheet, const char* name, const std::vector<Drawing>& drawings, double y) {
-    constexpr int perRow = 5;
+    constexpr std::size_t perRow = 5;
     sheet.title(words(name), 16, y);
     for (std::size_t i = 0; i < drawings.size(); ++i) {
         const double left = 16 + 220 * double(i % perRow);
-        const double top = y + 36 + 100 * double(i / perRow);
+        const std::size_t row = i / perRow;
+        const double top = y + 36 + 100 * double(row);
         const auto& drawing = drawings[i];
         sheet.put(new Picture(drawing.draw), left, top, drawing.size.width(),
                   drawing.size.height());
         sheet.caption(QString::fromUtf8(drawing.name), left, top + 64);
     }
-    return y + 36 + 100 * double((drawings.size() + perRow - 1) / perRow);
+    const std::size_t rows = (drawings.size() + perRow - 1) / perRow;
+    return y + 36 + 100 * double(rows);
 }
 
 }  // namespace

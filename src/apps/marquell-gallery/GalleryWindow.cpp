@@ -18,11 +18,12 @@ using namespace toolkit;
 using enum LayoutAttribute;
 
 GalleryWindow::GalleryWindow()
-    : interfaceFont_(font()), monospacedFont_(QFontDatabase::systemFont(QFontDatabase::FixedFont)) {
+    : scrollArea_(new QScrollArea),
+      interfaceFont_(font()),
+      monospacedFont_(QFontDatabase::systemFont(QFontDatabase::FixedFont)) {
     setWindowTitle(QStringLiteral("Marquell gallery"));
     LayoutRoot::install(this);
     auto* bar = makeBar();
-    scrollArea_ = new QScrollArea;
     scrollArea_->setFrameShape(QFrame::NoFrame);
     scrollArea_->setWidgetResizable(true);
     BricksFactory factory;

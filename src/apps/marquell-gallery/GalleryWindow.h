@@ -38,7 +38,7 @@ private:
 
     toolkit::PopUpButtonBrick* pagePopUp_ = nullptr;
     toolkit::SwitchBrick* darkSwitch_ = nullptr;
-    QScrollArea* scrollArea_ = nullptr;
+    QScrollArea* const scrollArea_;
     const Page* page_ = nullptr;
     QFont interfaceFont_;
     QFont monospacedFont_;

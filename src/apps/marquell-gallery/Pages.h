@@ -11,8 +11,8 @@ namespace marquell::gallery {
 
 /// Something of the toolkit to look at.
 struct Page {
-    const char* name;
-    void (*build)(toolkit::Wall& wall);
+    const char* name = nullptr;
+    void (*build)(toolkit::Wall& wall) = nullptr;
     /// The user's text times this while the page is shown; 0: as it is.
     double textScale = 0;
     bool longWords = false;

@@ -23,7 +23,8 @@ void addBorders(Sheet& sheet) {
     for (int i = 0; i < 16; ++i) {
         auto* wall = new RoleWall(ColorRole::alternateBase, ColorRole::text);
         wall->setBorders(i & 1, i & 2, i & 4, i & 8);
-        sheet.put(wall, 16 + 56 * (i % 8), 48 + 44 * (i / 8), 40, 28);
+        const int row = i / 8;
+        sheet.put(wall, 16 + 56 * (i % 8), 48 + 44 * row, 40, 28);
     }
 }
 

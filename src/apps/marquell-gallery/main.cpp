@@ -14,9 +14,7 @@
 #include "toolkit/look/HouseStyle.h"
 #include "toolkit/look/Surface.h"
 
-using namespace marquell;
-using namespace marquell::gallery;
-
+namespace marquell::gallery {
 namespace {
 
 const Page* pageNamed(const QString& name) {
@@ -100,9 +98,7 @@ int savePicture(GalleryWindow& window, const QString& file) {
     return 0;
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int run(int argc, char** argv) {
     doWithoutDisplay();
     const QApplication application(argc, argv);
     QCommandLineParser parser;
@@ -143,3 +139,9 @@ int main(int argc, char** argv) {
     window.show();
     return QApplication::exec();
 }
+
+}  // namespace
+
+}  // namespace marquell::gallery
+
+int main(int argc, char** argv) { return marquell::gallery::run(argc, argv); }

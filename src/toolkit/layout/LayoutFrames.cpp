@@ -58,33 +58,32 @@ LayoutExpression LayoutFrames::positionOf(const QWidget* view, Qt::Orientation o
 
 LayoutExpression LayoutFrames::attributeOf(const QWidget* view, LayoutAttribute attribute,
                                            bool inReadingDirection) {
-    using Attribute = LayoutAttribute;
     const bool mirrored = rootView_->layoutDirection() == Qt::RightToLeft;
     // Counted in the direction of reading, so that distances need not change their sign.
     LayoutExpression mirroredEdge;
     if (followsReading(attribute)) {
-        const bool starts = (attribute == Attribute::leading) != mirrored;
+        const bool starts = (attribute == LayoutAttribute::leading) != mirrored;
         const auto edge = positionOf(view, Qt::Horizontal, starts ? 0 : 1);
         mirroredEdge.add(edge, mirrored && inReadingDirection ? -1 : 1);
         return mirroredEdge;
     }
     const Frame& frame = view == rootView_ ? root_ : frameOf(view);
     switch (attribute) {
-        case Attribute::width:
+        case LayoutAttribute::width:
             return {{{frame.width, 1}}, 0};
-        case Attribute::height:
+        case LayoutAttribute::height:
             return {{{frame.height, 1}}, 0};
-        case Attribute::right:
+        case LayoutAttribute::right:
             return positionOf(view, Qt::Horizontal, 1);
-        case Attribute::top:
+        case LayoutAttribute::top:
             return positionOf(view, Qt::Vertical, 0);
-        case Attribute::bottom:
+        case LayoutAttribute::bottom:
             return positionOf(view, Qt::Vertical, 1);
-        case Attribute::centerX:
+        case LayoutAttribute::centerX:
             return positionOf(view, Qt::Horizontal, 0.5);
-        case Attribute::centerY:
+        case LayoutAttribute::centerY:
             return positionOf(view, Qt::Vertical, 0.5);
-        case Attribute::firstBaseline: {
+        case LayoutAttribute::firstBaseline: {
             auto position = positionOf(view, Qt::Vertical, 0.5);
             position.constant = firstBaselineOffsetOf(view);
             return position;

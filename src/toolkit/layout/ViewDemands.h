@@ -29,7 +29,7 @@ private:
         std::optional<LayoutRow> minimum, compression, hugging;
     };
     struct OfView {
-        const QWidget* view;
+        const QWidget* view = nullptr;
         Demands across, down;
     };
 

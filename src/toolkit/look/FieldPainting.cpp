@@ -146,9 +146,9 @@ QRect spinBoxPart(QStyle::SubControl part, const QStyleOption& option, const QWi
         case QStyle::SC_SpinBoxFrame:
             return rect;
         case QStyle::SC_SpinBoxUp:
-            return column.adjusted(0, 0, 0, -half);
+            return column.adjusted(0, 1, 0, -half);
         case QStyle::SC_SpinBoxDown:
-            return column.adjusted(0, half, 0, 0);
+            return column.adjusted(0, half, 0, -1);
         case QStyle::SC_SpinBoxEditField:
             return rect.adjusted(padding, 1, -buttons, -1);
         default:
