@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include <QAccessible>
+#include <QLineEdit>
 #include <QMenu>
 #include <QToolTip>
 #include <QtTest/QTest>
@@ -12,6 +13,7 @@
 #include "toolkit/bricks/BricksFactory.h"
 #include "toolkit/bricks/CheckBoxBrick.h"
 #include "toolkit/bricks/ColorWellBrick.h"
+#include "toolkit/bricks/ComboBoxBrick.h"
 #include "toolkit/bricks/IntegerTextField.h"
 #include "toolkit/bricks/Label.h"
 #include "toolkit/bricks/PopUpButtonBrick.h"
@@ -19,7 +21,9 @@
 #include "toolkit/bricks/PushButtonBrick.h"
 #include "toolkit/bricks/SegmentWidths.h"
 #include "toolkit/bricks/SegmentedControlBrick.h"
+#include "toolkit/bricks/SliderBrick.h"
 #include "toolkit/bricks/SmartMenuItem.h"
+#include "toolkit/bricks/SmartTextField.h"
 #include "toolkit/bricks/SwitchBrick.h"
 #include "toolkit/drawing/GenericControlSkin.h"
 #include "toolkit/look/Metrics.h"
@@ -130,6 +134,28 @@ TEST(Skins, DrawInPlaceOfTheStyle) {
     EXPECT_FALSE(popup->normalDrawing.stack) << "popups stay as the style draws them";
 }
 
+TEST(Bricks, AreDrawnInTheirOwnFont) {
+    CheckBoxBrick box(QStringLiteral("Box"));
+    PushButtonBrick button(QStringLiteral("Button"), {});
+    Label label(QStringLiteral("Label"));
+    PullDownButtonBrick pullDown(QStringLiteral("Menu"));
+    for (BrickType* const brick : std::vector<BrickType*>{&box, &button, &label, &pullDown}) {
+        const auto drawn = [&](int pixelSize) {
+            QImage image(120, 40, QImage::Format_ARGB32_Premultiplied);
+            image.fill(Qt::white);
+            QPainter painter(&image);
+            QFont font = painter.font();
+            font.setPixelSize(pixelSize);
+            painter.setFont(font);
+            brick->delegateDrawingToSuper(painter, QRectF(0, 0, 120, 30));
+            EXPECT_EQ(painter.font().pixelSize(), pixelSize) << "as it was";
+            painter.end();
+            return image;
+        };
+        EXPECT_EQ(drawn(8), drawn(24));
+    }
+}
+
 /// A parent whose children are all named by plain texts.
 class Names : public testing::Test {
 protected:
@@ -192,6 +218,71 @@ TEST_F(Names, RolesAndStatesOfPaintedBricks) {
     EXPECT_EQ(group.child(0)->text(QAccessible::Name), odd);
     EXPECT_EQ(group.child(1)->role(), QAccessible::RadioButton);
     EXPECT_TRUE(group.child(1)->state().checked);
+}
+
+TEST_F(Names, OfImagesAreTheirToolTips) {
+    auto* const button = new PullDownButtonBrick(QIcon(QPixmap(8, 8)), &window);
+    button->setToolTip(toolTipText(odd));
+    EXPECT_EQ(nameOf(button), odd);
+    EXPECT_EQ(accessible(button).text(QAccessible::Description), QString());
+    EXPECT_EQ(accessible(button).role(), QAccessible::ButtonMenu);
+    button->setAccessibleName(QStringLiteral("Name"));
+    EXPECT_EQ(nameOf(button), QStringLiteral("Name"));
+    EXPECT_EQ(accessible(button).text(QAccessible::Description), odd);
+    auto* const row = new SegmentedControlBrick({QString(), QStringLiteral("title")}, &window);
+    row->setSegmentToolTip(odd, 0);
+    row->setSegmentToolTip(odd, 1);
+    EXPECT_EQ(accessible(row).child(0)->text(QAccessible::Name), odd);
+    EXPECT_EQ(accessible(row).child(1)->text(QAccessible::Name), QStringLiteral("title"));
+}
+
+TEST_F(Names, AssistiveProgramsWriteAsTheUser) {
+    auto* const field = new SmartTextField(&window);
+    auto* const combo = new ComboBoxBrick(&window);
+    auto* const number = new IntegerTextField(&window);
+    std::vector<std::string> told;
+    field->textChangedAction = [&](const QString& text) { told.push_back(text.toStdString()); };
+    combo->textChangedAction = field->textChangedAction;
+    auto* const formatter = new IntegerValidatingNumberFormatter;
+    formatter->minimum = 5;
+    formatter->maximum = 100;
+    number->setNumberFormatter(formatter);
+    number->addUserListener([&](std::int64_t value) { told.push_back(std::to_string(value)); });
+    accessible(field).setText(QAccessible::Value, QStringLiteral("ace"));
+    accessible(field).editableTextInterface()->insertText(1, QStringLiteral("pp"));
+    accessible(field).editableTextInterface()->deleteText(0, 1);
+    combo->setAccessibleName(odd);
+    EXPECT_EQ(nameOf(combo->lineEdit()), odd);
+    accessible(combo->lineEdit()).setText(QAccessible::Value, QStringLiteral("combo"));
+    accessible(number).setText(QAccessible::Value, QStringLiteral("101"));
+    accessible(number).setText(QAccessible::Value, QStringLiteral("4"));
+    EXPECT_THAT(told, ElementsAre("ace", "appce", "ppce", "combo", "5"));
+    field->setReadOnly(true);
+    accessible(field).setText(QAccessible::Value, QStringLiteral("no"));
+    EXPECT_EQ(valueOf(field), QStringLiteral("ppce"));
+    EXPECT_TRUE(accessible(field).state().readOnly);
+
+    field->setSelection(1, 2);
+    field->resize(field->sizeHint());
+    QAccessibleTextInterface& text = *accessible(field).textInterface();
+    int start = 0;
+    int end = 0;
+    text.selection(0, &start, &end);
+    EXPECT_EQ(text.text(start, end), QStringLiteral("pc"));
+    EXPECT_EQ(text.offsetAtPoint(text.characterRect(2).center() - QPoint(1, 0)), 2);
+}
+
+TEST_F(Names, SlidersAreTurnedByTheirOwnValues) {
+    auto* const slider = new SliderBrick(&window);
+    slider->setValueRange(-1, 1);
+    slider->setNumberOfTickMarks(5);
+    slider->sliderValueChangedFunc = [](float value) { return value / 2; };
+    QAccessibleValueInterface& value = *accessible(slider).valueInterface();
+    value.setCurrentValue(0.5);
+    EXPECT_EQ(value.currentValue().toDouble(), 0.25);
+    EXPECT_EQ(valueOf(slider), QStringLiteral("0.25"));
+    EXPECT_EQ(value.minimumValue().toDouble(), -1);
+    EXPECT_EQ(value.minimumStepSize().toDouble(), 0.5);
 }
 
 TEST(Label, ShowsTheWholeTextWhereItIsCut) {

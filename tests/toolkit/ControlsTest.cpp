@@ -3,15 +3,18 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QColorDialog>
 #include <QMenu>
 #include <QTimer>
 #include <QWheelEvent>
 #include <QtTest/QTest>
+#include <cmath>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "toolkit/bricks/CheckBoxBrick.h"
+#include "toolkit/bricks/ColorWellBrick.h"
 #include "toolkit/bricks/ComboBoxBrick.h"
 #include "toolkit/bricks/DatePickerBrick.h"
 #include "toolkit/bricks/IntegerTextField.h"
@@ -47,7 +50,7 @@ protected:
         formatter->maximum = 100;
         field.setNumberFormatter(formatter);
         field.setIntegerValue(50);
-        field.addNumberListener([this](std::int64_t number) { settled.push_back(number); });
+        field.addUserListener([this](std::int64_t number) { settled.push_back(number); });
         window.open();
         field.setFocus();
         field.selectAll();
@@ -117,6 +120,13 @@ TEST_F(IntegerField, StepsBetweenItsBounds) {
     EXPECT_EQ(calls, 1) << "at a bound nothing is called";
     textAfter("2");
     EXPECT_EQ(calls, 2) << "typing counts as change";
+    field.setIntegerValue(-5);
+    QTest::keyClick(&field, Qt::Key_Up);
+    EXPECT_EQ(field.text(), QStringLiteral("-4")) << "not raised by a step";
+    EXPECT_THAT(settled, ElementsAre(51, 52));
+    field.setReadOnly(true);
+    QTest::keyClick(&field, Qt::Key_Up);
+    EXPECT_EQ(field.text(), QStringLiteral("-4"));
     field.numberFormatter()->maximum.reset();
     EXPECT_FALSE(field.increment());
 }
@@ -223,6 +233,49 @@ TEST_F(PopUp, BringsItsItemsUpToDateBeforeTheListShows) {
     EXPECT_FALSE(popup.model()->flags(popup.model()->index(3, 0)) & Qt::ItemIsEnabled);
 }
 
+TEST_F(PopUp, MayBeFilledAnewOrEmptiedWhileItPrepares) {
+    last->updateBeforeDisplayFunc = [](SmartMenuItem& item) { delete &item; };
+    popup.itemAt(0)->updateBeforeDisplayFunc = [this](auto&) { delete popup.itemAt(1); };
+    popup.showPopup();
+    EXPECT_EQ(popup.count(), 2) << "an item and the separator";
+    popup.hidePopup();
+    popup.itemAt(0)->traditionalValidateFunc = [](auto&) { return false; };
+    popup.itemAt(0)->updateBeforeDisplayFunc = [this](auto&) {
+        popup.removeAllItems();
+        popup.addItem(QStringLiteral("new"));
+    };
+    popup.showPopup();
+    EXPECT_EQ(popup.itemText(0), QStringLiteral("new"));
+    EXPECT_EQ(popup.count(), 1);
+}
+
+TEST_F(PopUp, OffersNoItemThatIsNotVisible) {
+    popup.itemAt(1)->updateBeforeDisplayFunc = [](SmartMenuItem& item) {
+        item.setVisible(!item.isVisible());
+    };
+    for (const int next : {3, 1}) {
+        popup.selectItemAt(0);
+        popup.showPopup();
+        const QRect row = popup.view()->visualRect(popup.model()->index(1, 0));
+        EXPECT_EQ(row.isEmpty(), next == 3);
+        QTest::keyClick(list(), Qt::Key_Down);
+        QTest::keyClick(list(), Qt::Key_Return);
+        EXPECT_EQ(popup.indexOfSelectedItem(), next);
+    }
+}
+
+TEST(MenuItem, IsAskedAgainBeforeItRuns) {
+    int runs = 0;
+    bool isValid = false;
+    SmartMenuItem item(QStringLiteral("Item"), [&] { ++runs; });
+    item.traditionalValidateFunc = [&](auto&) { return isValid; };
+    item.trigger();
+    EXPECT_EQ(runs, 0);
+    isValid = true;
+    item.trigger();
+    EXPECT_EQ(runs, 1);
+}
+
 TEST(PullDown, BringsItsMenusUpToDateBeforeTheyShow) {
     PullDownButtonBrick button(QStringLiteral("Add"));
     std::vector<std::string> order;
@@ -273,6 +326,41 @@ TEST(Segments, GoByArrowKeysAndClicks) {
     EXPECT_EQ(row.childAt(row.width() - 2, 5)->geometry().right(), row.width() - 1);
 }
 
+TEST(Segments, KeepFocusAndSelectionTogether) {
+    Window window;
+    auto& row = *new SegmentedControlBrick(
+        {QStringLiteral("one"), QStringLiteral("two"), QStringLiteral("three")}, &window);
+    row.resize(row.sizeHint());
+    window.open();
+    row.setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+    EXPECT_EQ(row.indexOfSelectedItem(), 1) << "next to the focus";
+    row.selectSegment(2);
+    EXPECT_EQ(QApplication::focusWidget(), row.childAt(row.width() - 3, 5));
+    row.selectSegment(0);
+    row.childAt(row.width() - 3, 5)->setFocus();
+    row.setSegmentEnabled(false, 1);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+    EXPECT_EQ(row.indexOfSelectedItem(), 2) << "next to the selection, by the disabled one";
+    window.setLayoutDirection(Qt::RightToLeft);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+    EXPECT_EQ(row.indexOfSelectedItem(), 0);
+}
+
+TEST(Segments, AreDividedAlikeFromRightToLeft) {
+    for (const SegmentStyle style : {SegmentStyle::capsule, SegmentStyle::smallSquare}) {
+        const auto drawn = [style](Qt::LayoutDirection direction, int selected) {
+            SegmentedControlBrick row({QString(), QString(), QString()});
+            row.setLayoutDirection(direction);
+            row.setSegmentStyle(style);
+            row.selectSegment(selected);
+            row.resize(90, 24);
+            return row.grab().toImage();
+        };
+        EXPECT_EQ(drawn(Qt::LeftToRight, 0), drawn(Qt::RightToLeft, 2));
+    }
+}
+
 TEST(Bricks, LeaveTheWheelToWhatScrolls) {
     Window window;
     auto* const popup = new PopUpButtonBrick(&window);
@@ -318,6 +406,9 @@ TEST(Bricks, ReportTheUserOnly) {
     box.setChecked(true);
     turned.setChecked(true);
     date.setDateValue(QDateTime(QDate(2024, 2, 29), QTime(12, 0)));
+    date.setTime(QTime(13, 0));
+    date.setMinimumDate(QDate(2024, 3, 1));
+    EXPECT_EQ(date.date(), QDate(2024, 3, 1));
     EXPECT_THAT(told, IsEmpty());
     box.resize(box.sizeHint());
     turned.resize(turned.sizeHint());
@@ -353,6 +444,29 @@ TEST(Slider, TakesWhatItsFunctionAnswers) {
     EXPECT_GT(middle, 0);
     slider.returnZeroRectForTickMarks = true;
     EXPECT_TRUE(slider.rectOfTickMark(1).isNull());
+}
+
+TEST(Slider, GoesFromMarkToMark) {
+    SliderBrick slider;
+    slider.sliderValueChangedFunc = [](float value) { return value; };
+    QTest::keyClick(&slider, Qt::Key_Right);
+    EXPECT_FLOAT_EQ(slider.floatValue(), 0.01F);
+    slider.setValueRange(0, 3);
+    slider.setFloatValue(0);
+    slider.setNumberOfTickMarks(4);
+    slider.sliderValueChangedFunc = [](float value) { return std::round(value); };
+    for (const int key : {Qt::Key_Right, Qt::Key_PageUp, Qt::Key_Right}) {
+        QTest::keyClick(&slider, static_cast<Qt::Key>(key));
+    }
+    EXPECT_EQ(slider.floatValue(), 3);
+}
+
+TEST(ColorWell, OpensOneDialog) {
+    ColorWellBrick well;
+    well.show();
+    well.click();
+    well.click();
+    EXPECT_EQ(well.findChildren<QColorDialog*>().size(), 1);
 }
 
 TEST(Focus, GoesFromBrickToBrickInTheirOrder) {

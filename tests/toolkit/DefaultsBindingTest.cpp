@@ -12,6 +12,7 @@
 #include "toolkit/bricks/IntegerTextField.h"
 #include "toolkit/bricks/PopUpButtonBrick.h"
 #include "toolkit/bricks/SegmentedControlBrick.h"
+#include "toolkit/bricks/SmartMenuItem.h"
 #include "toolkit/bricks/SmartTextField.h"
 #include "toolkit/bricks/SwitchBrick.h"
 
@@ -40,7 +41,10 @@ TEST_F(Binding, TiesTheStateOfABox) {
     store(true);
     EXPECT_TRUE(box.isChecked());
     bool told = true;
-    box.actualCheckboxFunc = [&](bool isOn) { told = isOn; };
+    box.actualCheckboxFunc = [&](bool isOn) {
+        told = isOn;
+        EXPECT_EQ(stored(), DefaultsValue(isOn)) << "stored by now";
+    };
     box.resize(box.sizeHint());
     QTest::mouseClick(&box, Qt::LeftButton);
     EXPECT_EQ(stored(), DefaultsValue(false));
@@ -78,8 +82,42 @@ TEST_F(Binding, TiesTheIndexOfAChoice) {
     EXPECT_EQ(stored(), DefaultsValue(std::int64_t{2})) << "the separator counts";
     EXPECT_EQ(row.indexOfSelectedItem(), 2);
     row.resize(row.sizeHint());
+    bool isRun = false;
+    row.selectionChangedFunction = [&](int index) {
+        isRun = true;
+        EXPECT_EQ(stored(), DefaultsValue(std::int64_t{index}));
+    };
     QTest::mouseClick(row.childAt(2, 5), Qt::LeftButton);
+    EXPECT_TRUE(isRun);
     EXPECT_EQ(popup.indexOfSelectedItem(), 0);
+}
+
+TEST_F(Binding, ShowsTheChoiceAsSoonAsThereIsSuchAnItem) {
+    store(std::int64_t{2});
+    PopUpButtonBrick popup;
+    DefaultsBinding::bindSelectedIndex(&popup, "key", defaults);
+    bool isRun = false;
+    for (int round = 0; round < 2; ++round) {
+        popup.addItem(QStringLiteral("0"));
+        EXPECT_EQ(popup.indexOfSelectedItem(), -1) << "not the first by itself";
+        popup.addSeparator();
+        EXPECT_EQ(popup.indexOfSelectedItem(), -1);
+        popup.addItem(new SmartMenuItem(QStringLiteral("2"), [&] {
+            isRun = true;
+            EXPECT_EQ(stored(), DefaultsValue(std::int64_t{2})) << "stored by now";
+        }));
+        EXPECT_EQ(popup.indexOfSelectedItem(), 2);
+        if (round == 0) popup.removeAllItems();
+    }
+    store(std::int64_t{0});
+    delete popup.addItem(QStringLiteral("3"));
+    EXPECT_EQ(popup.count(), 3);
+    EXPECT_EQ(popup.indexOfSelectedItem(), 0);
+    popup.show();
+    popup.showPopup();
+    QTest::keyClick(popup.view(), Qt::Key_End);
+    QTest::keyClick(popup.view(), Qt::Key_Return);
+    EXPECT_TRUE(isRun);
 }
 
 TEST_F(Binding, StoresNumbersWhenTheyAreSettled) {
@@ -107,6 +145,9 @@ TEST_F(Binding, EndsWithItsControl) {
     DefaultsBinding::bindValue(field.get(), "key", defaults);
     store("text");
     EXPECT_EQ(field->text(), QStringLiteral("text"));
+    field->textChangedAction = [&](const QString& text) {
+        EXPECT_EQ(stored(), DefaultsValue(text.toStdString())) << "stored by now";
+    };
     QTest::keyClicks(field.get(), QStringLiteral("!"));
     EXPECT_EQ(stored(), DefaultsValue("text!"));
     field.reset();

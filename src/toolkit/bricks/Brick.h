@@ -30,11 +30,20 @@ public:
 
     void apply(const ControlSkin&) override {}
 
-    void delegateDrawingToSuper(QPainter& painter, const QRectF& frame) override {
-        this->render(&painter, frame.topLeft().toPoint(), QRegion(), QWidget::DrawChildren);
+    void delegateDrawingToSuper(QPainter& painter, const QRectF& frame) final {
+        painter.save();
+        painter.setFont(this->font());  // the painter may be of another view or an image
+        painter.setLayoutDirection(this->layoutDirection());
+        drawAsStyle(painter, frame);
+        painter.restore();
     }
 
 protected:
+    /// Finds the brick's font and direction set, and need not restore what it changes.
+    virtual void drawAsStyle(QPainter& painter, const QRectF& frame) {
+        this->render(&painter, frame.topLeft().toPoint(), QRegion(), QWidget::DrawChildren);
+    }
+
     void wheelEvent(QWheelEvent* event) override { event->ignore(); }
 
     void changeEvent(QEvent* event) override {
@@ -57,9 +66,8 @@ class DrawnBrick : public Brick<Control> {
 public:
     using Brick<Control>::Brick;
 
-    void delegateDrawingToSuper(QPainter& painter, const QRectF& frame) override = 0;
-
 protected:
+    void drawAsStyle(QPainter& painter, const QRectF& frame) override = 0;
     virtual const DrawPair& currentDrawPair() const = 0;
     /// What drawing functions may use of the brick.
     virtual std::vector<DrawingAsset> assets() const { return {}; }

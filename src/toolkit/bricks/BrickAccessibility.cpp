@@ -4,17 +4,20 @@
 #include <QAbstractItemView>
 #include <QAccessible>
 #include <QAccessibleWidget>
-#include <QCheckBox>
 #include <QLineEdit>
 
+#include "toolkit/bricks/ButtonAccessible.h"
 #include "toolkit/bricks/ButtonStateValueCheckBoxBrick.h"
 #include "toolkit/bricks/ColorWellBrick.h"
+#include "toolkit/bricks/FieldAccessible.h"
 #include "toolkit/bricks/Label.h"
 #include "toolkit/bricks/ListBrick.h"
+#include "toolkit/bricks/PullDownButtonBrick.h"
 #include "toolkit/bricks/Segment.h"
 #include "toolkit/bricks/SegmentedControlBrick.h"
+#include "toolkit/bricks/SliderAccessible.h"
+#include "toolkit/bricks/SliderBrick.h"
 #include "toolkit/bricks/SwitchBrick.h"
-#include "toolkit/look/PlainText.h"
 
 namespace marquell::toolkit {
 namespace {
@@ -81,48 +84,6 @@ private:
     ListBrick& box_;
 };
 
-/// A button that Qt does not know, or that it would turn without a click, which nobody would hear.
-class ButtonAccessible : public QAccessibleWidget {
-public:
-    ButtonAccessible(QAbstractButton& button, QAccessible::Role role)
-        : QAccessibleWidget(&button, role), button_(button) {}
-
-    QString text(QAccessible::Text part) const override {
-        if (part == QAccessible::Value) {
-            const auto* well = dynamic_cast<const ColorWellBrick*>(&button_);
-            if (well != nullptr) return well->color().name();
-        }
-        const QString own = QAccessibleWidget::text(part);
-        return part == QAccessible::Name && own.isEmpty() ? textOfTitle(button_.text()) : own;
-    }
-
-    QAccessible::State state() const override {
-        QAccessible::State state = QAccessibleWidget::state();
-        state.checkable = button_.isCheckable();
-        state.checked = button_.isChecked();
-        const auto* box = qobject_cast<const QCheckBox*>(&button_);
-        state.checkStateMixed = box != nullptr && box->checkState() == Qt::PartiallyChecked;
-        state.pressed = button_.isDown();
-        return state;
-    }
-
-    QStringList actionNames() const override {
-        return QStringList(mainAction()) + QAccessibleWidget::actionNames();
-    }
-    void doAction(const QString& actionName) override {
-        if (actionName == mainAction()) {
-            button_.click();
-        } else {
-            QAccessibleWidget::doAction(actionName);
-        }
-    }
-
-private:
-    QString mainAction() const { return button_.isCheckable() ? toggleAction() : pressAction(); }
-
-    QAbstractButton& button_;
-};
-
 QAccessibleInterface* accessibleOf(const QString&, QObject* object) {
     if (auto* label = dynamic_cast<Label*>(object)) return new LabelAccessible(*label);
     if (auto* box = dynamic_cast<ListBrick*>(object)) return new ListBrickAccessible(*box);
@@ -131,6 +92,13 @@ QAccessibleInterface* accessibleOf(const QString&, QObject* object) {
     }
     if (auto* row = dynamic_cast<SegmentedControlBrick*>(object)) {
         return new QAccessibleWidget(row, QAccessible::Grouping);
+    }
+    if (auto* slider = dynamic_cast<SliderBrick*>(object)) return new SliderAccessible(*slider);
+    if (auto* field = qobject_cast<QLineEdit*>(object); field && isFieldOfBrick(*field)) {
+        return new FieldAccessible(*field);
+    }
+    if (auto* pullDown = dynamic_cast<PullDownButtonBrick*>(object)) {
+        return new PullDownAccessible(*pullDown);
     }
     auto* button = qobject_cast<QAbstractButton*>(object);
     if (dynamic_cast<SwitchBrick*>(object) ||
@@ -151,11 +119,6 @@ void provideBrickAccessibility() {
         return true;
     }();
     static_cast<void>(isProvided);
-}
-
-QString accessibleNameOf(QWidget* view) {
-    const auto* accessible = QAccessible::queryAccessibleInterface(view);
-    return accessible != nullptr ? accessible->text(QAccessible::Name) : QString();
 }
 
 }  // namespace marquell::toolkit

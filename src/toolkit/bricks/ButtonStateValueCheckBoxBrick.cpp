@@ -9,11 +9,12 @@ namespace marquell::toolkit {
 
 ButtonStateValueCheckBoxBrick::ButtonStateValueCheckBoxBrick(QWidget* parent)
     : TitledBrick<QCheckBox>(parent) {
-    connect(this, &QCheckBox::clicked, this,
-            [this](bool isOn) { callIfSet(actualCheckboxFunc, isOn); });
+    connect(this, &QCheckBox::clicked, this, [this](bool isOn) {
+        if (tellUserListeners(isOn)) callIfSet(actualCheckboxFunc, isOn);
+    });
 }
 
-void ButtonStateValueCheckBoxBrick::delegateDrawingToSuper(QPainter& painter, const QRectF& frame) {
+void ButtonStateValueCheckBoxBrick::drawAsStyle(QPainter& painter, const QRectF& frame) {
     QStyleOptionButton option;
     initStyleOption(&option);
     option.rect = frame.toAlignedRect();

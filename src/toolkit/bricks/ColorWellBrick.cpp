@@ -32,7 +32,7 @@ QSize ColorWellBrick::sizeHint() const {
     return {metrics().px(wellWidth), metrics().controlHeight(controlSizeOf(this))};
 }
 
-void ColorWellBrick::delegateDrawingToSuper(QPainter& painter, const QRectF& frame) {
+void ColorWellBrick::drawAsStyle(QPainter& painter, const QRectF& frame) {
     const ControlState state = {
         .enabled = isEnabled(), .hovered = underMouse(), .pressed = isDown()};
     const ControlColors box = controlColors(state, surfaceOf(this));
@@ -42,7 +42,6 @@ void ColorWellBrick::delegateDrawingToSuper(QPainter& painter, const QRectF& fra
     if (!isEnabled()) painter.setOpacity(0.4);
     drawBox(painter, frame.adjusted(margin, margin, -margin, -margin), radius / 2, color_,
             box.border);
-    painter.setOpacity(1);
 }
 
 void ColorWellBrick::paintEvent(QPaintEvent*) {
@@ -51,13 +50,18 @@ void ColorWellBrick::paintEvent(QPaintEvent*) {
 }
 
 void ColorWellBrick::openColorDialog() {
-    auto* const dialog = new QColorDialog(color_, this);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    connect(dialog, &QColorDialog::colorSelected, this, [this](const QColor& chosen) {
+    if (dialog_) {
+        dialog_->raise();
+        dialog_->activateWindow();
+        return;
+    }
+    dialog_ = new QColorDialog(color_, this);
+    dialog_->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog_, &QColorDialog::colorSelected, this, [this](const QColor& chosen) {
         setColor(chosen);
         callIfSet(valueChangedFunc, chosen);
     });
-    dialog->open();
+    dialog_->open();
 }
 
 }  // namespace marquell::toolkit

@@ -3,6 +3,8 @@
 
 #include <QAbstractButton>
 #include <QColor>
+#include <QColorDialog>
+#include <QPointer>
 #include <functional>
 
 #include "toolkit/bricks/Brick.h"
@@ -21,18 +23,18 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
-    void delegateDrawingToSuper(QPainter& painter, const QRectF& frame) override;
-
     /// Called when the user has chosen a colour.
     std::function<void(const QColor& color)> valueChangedFunc;
 
 protected:
+    void drawAsStyle(QPainter& painter, const QRectF& frame) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     void openColorDialog();
 
     QColor color_ = Qt::black;
+    QPointer<QColorDialog> dialog_;  // while it is open
 };
 
 }  // namespace marquell::toolkit

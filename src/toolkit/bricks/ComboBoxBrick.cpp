@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "toolkit/bricks/ComboBoxBrick.h"
 
-#include <QEvent>
 #include <QLineEdit>
 #include <QStyleOptionComboBox>
 
-#include "toolkit/bricks/BrickAccessibility.h"
 #include "toolkit/bricks/CallIfSet.h"
 
 namespace marquell::toolkit {
@@ -20,13 +18,7 @@ ComboBoxBrick::ComboBoxBrick(QWidget* parent) : ListBrick(parent) {
     connect(this, &QComboBox::activated, this, tellText);
 }
 
-bool ComboBoxBrick::event(QEvent* event) {
-    // The field is what assistive programs meet first.
-    if (event->type() == QEvent::Show) lineEdit()->setAccessibleName(accessibleNameOf(this));
-    return ListBrick::event(event);
-}
-
-void ComboBoxBrick::delegateDrawingToSuper(QPainter& painter, const QRectF& frame) {
+void ComboBoxBrick::drawAsStyle(QPainter& painter, const QRectF& frame) {
     QStyleOptionComboBox option;
     initStyleOption(&option);
     option.rect = frame.toAlignedRect();

@@ -12,12 +12,11 @@ class ComboBoxBrick : public ListBrick {
 public:
     explicit ComboBoxBrick(QWidget* parent = nullptr);
 
-    void delegateDrawingToSuper(QPainter& painter, const QRectF& frame) override;
-
-    bool event(QEvent* event) override;
-
     /// Called with the text at each change by the user, be it typed or chosen, and on Return.
     std::function<void(const QString& text)> textChangedAction;
+
+protected:
+    void drawAsStyle(QPainter& painter, const QRectF& frame) override;
 };
 
 }  // namespace marquell::toolkit

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "toolkit/bricks/DefaultsBinding.h"
 
-#include <QButtonGroup>
+#include <QAbstractItemModel>
 #include <cstdint>
 #include <limits>
 #include <utility>
@@ -32,27 +32,25 @@ DefaultsBinding::DefaultsBinding(QWidget* control, std::string key, Defaults def
 
 /// Has `showValue` show the stored value, if it is of the type that `model` has, now and always.
 void DefaultsBinding::show(DefaultsValue model, std::function<void(const Stored&)> showValue) {
+    showStored_ = [this, model = std::move(model), showValue = std::move(showValue)] {
+        const Stored stored = defaults_->object(key_);
+        showValue(stored ? platform::fitted(*stored, model) : std::nullopt);
+    };
     responder_ = std::make_unique<variables::KVOResponder>(
-        key_, defaults_, true,
-        [this, model = std::move(model), showValue = std::move(showValue)](const auto&,
-                                                                           const auto&) {
-            const Stored stored = defaults_->object(key_);
-            showValue(stored ? platform::fitted(*stored, model) : std::nullopt);
-        });
+        key_, defaults_, true, [this](const auto&, const auto&) { showStored_(); });
 }
 
 void DefaultsBinding::store(DefaultsValue value) const {
     if (defaults_->object(key_) != value) defaults_->setObject(std::move(value), key_);
 }
 
-void DefaultsBinding::bindState(QAbstractButton* control, const std::string& key,
-                                const Defaults& defaults) {
+template <typename Button>
+void DefaultsBinding::bindState(Button* control, const std::string& key, const Defaults& defaults) {
     auto* const binding = new DefaultsBinding(control, key, defaults);
     binding->show(false, [control](const Stored& stored) {
         control->setChecked(stored && std::get<bool>(*stored));
     });
-    connect(control, &QAbstractButton::clicked, binding,
-            [binding](bool isOn) { binding->store(isOn); });
+    control->addUserListener([binding](bool isOn) { binding->store(isOn); });
 }
 
 void DefaultsBinding::bindValue(ButtonStateValueCheckBoxBrick* control, const std::string& key,
@@ -71,7 +69,7 @@ void DefaultsBinding::bindValue(IntegerTextField* control, const std::string& ke
     binding->show(std::int64_t{0}, [control](const Stored& stored) {
         if (stored) control->setIntegerValue(std::get<std::int64_t>(*stored));
     });
-    control->addNumberListener([binding](std::int64_t number) { binding->store(number); });
+    control->addUserListener([binding](std::int64_t number) { binding->store(number); });
 }
 
 void DefaultsBinding::bindValue(SmartTextField* control, const std::string& key,
@@ -82,26 +80,33 @@ void DefaultsBinding::bindValue(SmartTextField* control, const std::string& key,
             stored ? QString::fromStdString(std::get<std::string>(*stored)) : QString();
         if (control->text() != text) control->setText(text);
     });
-    connect(control, &QLineEdit::textEdited, binding,
-            [binding](const QString& text) { binding->store(text.toStdString()); });
+    control->addUserListener(
+        [binding](const QString& text) { binding->store(text.toStdString()); });
+}
+
+template <typename Choice>
+DefaultsBinding* DefaultsBinding::bindIndex(Choice* control, const std::string& key,
+                                            const Defaults& defaults,
+                                            void (Choice::*select)(int index)) {
+    auto* const binding = new DefaultsBinding(control, key, defaults);
+    binding->show(std::int64_t{0}, [control, select](const Stored& stored) {
+        (control->*select)(indexFrom(stored));
+    });
+    control->addUserListener([binding](int index) { binding->store(std::int64_t{index}); });
+    return binding;
 }
 
 void DefaultsBinding::bindSelectedIndex(PopUpButtonBrick* control, const std::string& key,
                                         const Defaults& defaults) {
-    auto* const binding = new DefaultsBinding(control, key, defaults);
-    binding->show(std::int64_t{0},
-                  [control](const Stored& stored) { control->selectItemAt(indexFrom(stored)); });
-    connect(control, &QComboBox::activated, binding,
-            [binding](int index) { binding->store(std::int64_t{index}); });
+    auto* const binding = bindIndex(control, key, defaults, &PopUpButtonBrick::selectItemAt);
+    // Comes after the popup has chosen the first item, or the next one, by itself.
+    connect(control->model(), &QAbstractItemModel::rowsInserted, binding, binding->showStored_);
+    connect(control->model(), &QAbstractItemModel::rowsRemoved, binding, binding->showStored_);
 }
 
 void DefaultsBinding::bindSelectedIndex(SegmentedControlBrick* control, const std::string& key,
                                         const Defaults& defaults) {
-    auto* const binding = new DefaultsBinding(control, key, defaults);
-    binding->show(std::int64_t{0},
-                  [control](const Stored& stored) { control->selectSegment(indexFrom(stored)); });
-    connect(control->group(), &QButtonGroup::idClicked, binding,
-            [binding](int index) { binding->store(std::int64_t{index}); });
+    bindIndex(control, key, defaults, &SegmentedControlBrick::selectSegment);
 }
 
 }  // namespace marquell::toolkit

@@ -2,7 +2,7 @@
 #include "toolkit/bricks/IntegerTextField.h"
 
 #include <QKeyEvent>
-#include <algorithm>
+#include <QPointer>
 #include <utility>
 
 #include "toolkit/bricks/CallIfSet.h"
@@ -31,10 +31,6 @@ void IntegerTextField::setIntegerValue(std::int64_t value) {
     showNumber(value);
 }
 
-void IntegerTextField::addNumberListener(variables::ListenerList<std::int64_t>::Listener listener) {
-    numberListeners_.add(std::move(listener));
-}
-
 bool IntegerTextField::increment() {
     return step(numberFormatter_ ? numberFormatter_->maximum : std::nullopt, 1);
 }
@@ -48,19 +44,32 @@ bool IntegerTextField::step(std::optional<std::int64_t> bound, int by) {
     const std::int64_t number = integerValue();
     if (by > 0 ? number >= *bound : number <= *bound) return true;
     showNumber(number + by);
-    settle();
+    // Below the minimum the user is still on the way to it.
+    if (!isBelowMinimum(number + by) && !take(number + by)) return true;
     callReturnKeyFunctionIf(callsReturnKeyFunctionOnTextHasChanged);
     return true;
 }
 
-/// The user is done with the number.
-void IntegerTextField::settle() {
-    if (numberFormatter_ == nullptr) return;
+bool IntegerTextField::isBelowMinimum(std::int64_t number) const {
+    return numberFormatter_ && numberFormatter_->minimum && number < *numberFormatter_->minimum;
+}
+
+/// The user is done with the number. False if a listener has ended the field.
+bool IntegerTextField::settle() {
+    if (numberFormatter_ == nullptr) return true;
     std::int64_t number = integerValue();
-    if (numberFormatter_->minimum) number = std::max(number, *numberFormatter_->minimum);
+    if (isBelowMinimum(number)) number = *numberFormatter_->minimum;
     showNumber(number);
-    if (std::exchange(lastNumber_, number) == number) return;
-    numberListeners_.notify([this] { return lastNumber_; });
+    return take(number);
+}
+
+/// False if a listener has ended the field.
+bool IntegerTextField::take(std::int64_t number) {
+    return std::exchange(lastNumber_, number) == number || tellUserListeners(number);
+}
+
+void IntegerTextField::finishEditing() {
+    if (settle()) callReturnKeyFunctionIf(callsReturnKeyFunctionOnResigningFirstResponder);
 }
 
 void IntegerTextField::showNumber(std::int64_t number) {
@@ -75,12 +84,13 @@ void IntegerTextField::callReturnKeyFunctionIf(bool isWanted) const {
 void IntegerTextField::apply(const ControlSkin& skin) { applyLabelColor(this, skin); }
 
 void IntegerTextField::keyPressEvent(QKeyEvent* event) {
-    const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    const bool canStep =
+        (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier && !isReadOnly();
     const int key = event->key();
-    if (isPlain && key == Qt::Key_Up && increment()) return;
-    if (isPlain && key == Qt::Key_Down && decrement()) return;
+    if (canStep && key == Qt::Key_Up && increment()) return;
+    if (canStep && key == Qt::Key_Down && decrement()) return;
     if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-        settle();
+        if (!settle()) return;
         if (returnKeyActionFunction) {
             callIfSet(returnKeyActionFunction);
             return;
@@ -91,11 +101,9 @@ void IntegerTextField::keyPressEvent(QKeyEvent* event) {
 
 void IntegerTextField::focusOutEvent(QFocusEvent* event) {
     // The field's own context menu takes the focus too, but the user has not left then.
-    if (event->reason() != Qt::PopupFocusReason) {
-        settle();
-        callReturnKeyFunctionIf(callsReturnKeyFunctionOnResigningFirstResponder);
-    }
-    QLineEdit::focusOutEvent(event);
+    const QPointer<IntegerTextField> self(this);
+    if (event->reason() != Qt::PopupFocusReason) finishEditing();
+    if (self) QLineEdit::focusOutEvent(event);
 }
 
 }  // namespace marquell::toolkit

@@ -7,14 +7,15 @@
 
 #include "toolkit/bricks/Brick.h"
 #include "toolkit/bricks/IntegerValidatingNumberFormatter.h"
-#include "variables/ListenerList.h"
+#include "toolkit/bricks/UserListeners.h"
 
 namespace marquell::toolkit {
 
 /// A field for a whole number. Arrow keys count it up and down between the formatter's bounds. On
 /// Return, and when the user leaves the field, a number below the minimum is raised to it and what
-/// is no number gives way to the last one.
-class IntegerTextField : public Brick<QLineEdit> {
+/// is no number gives way to the last one. Listeners are told each new number that the user has
+/// settled on so, or reached by an arrow key if it is no less than the minimum.
+class IntegerTextField : public Brick<QLineEdit>, public UserListeners<std::int64_t> {
 public:
     explicit IntegerTextField(QWidget* parent = nullptr);
 
@@ -26,14 +27,13 @@ public:
     std::int64_t integerValue() const;
     void setIntegerValue(std::int64_t value);
 
-    /// `listener` is called with each new number that the user has settled on, by Return, by
-    /// leaving the field or by an arrow key, before returnKeyActionFunction. It cannot be removed.
-    void addNumberListener(variables::ListenerList<std::int64_t>::Listener listener);
-
     /// One step, if there is a formatter with a bound in that direction (else false); at or beyond
     /// the bound nothing happens.
     bool increment();
     bool decrement();
+
+    /// What happens when the user leaves the field.
+    void finishEditing();
 
     void apply(const ControlSkin& skin) override;
 
@@ -47,13 +47,14 @@ protected:
 
 private:
     bool step(std::optional<std::int64_t> bound, int by);
-    void settle();
+    bool isBelowMinimum(std::int64_t number) const;
+    bool settle();
+    bool take(std::int64_t number);
     void showNumber(std::int64_t number);
     void callReturnKeyFunctionIf(bool isWanted) const;
 
     IntegerValidatingNumberFormatter* numberFormatter_ = nullptr;
     std::int64_t lastNumber_ = 0;  // settled, or set by the program
-    variables::ListenerList<std::int64_t> numberListeners_;
 };
 
 }  // namespace marquell::toolkit

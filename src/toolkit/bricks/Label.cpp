@@ -54,7 +54,7 @@ void Label::apply(const ControlSkin& skin) {
     if (color.isValid()) setTextColor(color);
 }
 
-void Label::delegateDrawingToSuper(QPainter& painter, const QRectF& frame) {
+void Label::drawAsStyle(QPainter& painter, const QRectF& frame) {
     const ColorRole role = isEnabled() ? role_ : ColorRole::disabledText;
     painter.setPen(textColor_.isValid() ? textColor_ : color(role, this));
     drawTextLine(painter, frame, text(), alignment() & Qt::AlignHorizontal_Mask, elideMode_);

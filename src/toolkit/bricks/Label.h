@@ -30,9 +30,9 @@ public:
     QSize minimumSizeHint() const override;
 
     void apply(const ControlSkin& skin) override;
-    void delegateDrawingToSuper(QPainter& painter, const QRectF& frame) override;
 
 protected:
+    void drawAsStyle(QPainter& painter, const QRectF& frame) override;
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 

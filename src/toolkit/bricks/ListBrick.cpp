@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "toolkit/bricks/ListBrick.h"
 
+#include <QPointer>
 #include <QStyleOptionComboBox>
 
 #include "toolkit/bricks/CallIfSet.h"
@@ -8,9 +9,10 @@
 namespace marquell::toolkit {
 
 void ListBrick::showPopup() {
+    const QPointer<ListBrick> self(this);  // which the functions may end
     callIfSet(buttonPressFunction);
-    prepareList();
-    QComboBox::showPopup();
+    if (self) prepareList();
+    if (self) QComboBox::showPopup();
 }
 
 const DrawPair& ListBrick::currentDrawPair() const {

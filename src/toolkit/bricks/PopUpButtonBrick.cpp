@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "toolkit/bricks/PopUpButtonBrick.h"
 
-#include <QAbstractItemView>
 #include <QKeyEvent>
+#include <QListView>
+#include <QPointer>
 #include <QStandardItemModel>
 #include <QStyleOptionComboBox>
 #include <algorithm>
+#include <utility>
 
 #include "toolkit/bricks/CutTextToolTip.h"
 #include "toolkit/bricks/PopUpItemDelegate.h"
@@ -28,9 +30,12 @@ bool typesText(const QKeyEvent& event) {
 PopUpButtonBrick::PopUpButtonBrick(QWidget* parent) : ListBrick(parent) {
     setItemDelegate(new PopUpItemDelegate(this));
     connect(this, &QComboBox::activated, this, [this](int index) {
+        if (!tellUserListeners(index)) return;
         if (SmartMenuItem* const item = itemAt(index)) item->trigger();
     });
 }
+
+PopUpButtonBrick::~PopUpButtonBrick() { deleteItems(); }
 
 SmartMenuItem* PopUpButtonBrick::addItem(SmartMenuItem* item) {
     item->setParent(this);
@@ -38,6 +43,7 @@ SmartMenuItem* PopUpButtonBrick::addItem(SmartMenuItem* item) {
     QComboBox::addItem(item->title());
     showItem(item);
     connect(item, &QAction::changed, this, [this, item] { showItem(item); });
+    connect(item, &QObject::destroyed, this, [this, item] { forgetItem(item); });
     return item;
 }
 
@@ -50,13 +56,17 @@ SmartMenuItem* PopUpButtonBrick::addItem(const QString& title, const QString& su
 void PopUpButtonBrick::addSeparator() {
     items_.push_back(nullptr);
     insertSeparator(count());
-    if (selectedItem() == nullptr) selectItemAt(-1);
+    deselectSeparator();
 }
 
 void PopUpButtonBrick::removeAllItems() {
     clear();
-    for (SmartMenuItem* const item : std::exchange(items_, {})) delete item;
+    deleteItems();
     updateGeometry();
+}
+
+void PopUpButtonBrick::deleteItems() {
+    for (SmartMenuItem* const item : std::exchange(items_, {})) delete item;
 }
 
 SmartMenuItem* PopUpButtonBrick::itemAt(int index) const {
@@ -77,15 +87,34 @@ bool PopUpButtonBrick::selectItemWithTag(int tag) {
     return true;
 }
 
+int PopUpButtonBrick::rowOf(const SmartMenuItem* item) const {
+    const auto found = std::find(items_.begin(), items_.end(), item);
+    return found == items_.end() ? -1 : static_cast<int>(found - items_.begin());
+}
+
+/// The item is gone, without the popup.
+void PopUpButtonBrick::forgetItem(const SmartMenuItem* item) {
+    const int row = rowOf(item);
+    if (row < 0) return;
+    items_.erase(items_.begin() + row);
+    removeItem(row);
+    deselectSeparator();
+    updateGeometry();
+}
+
+/// Qt may come to select one as what is there first, or next to what is gone.
+void PopUpButtonBrick::deselectSeparator() {
+    if (selectedItem() == nullptr) selectItemAt(-1);
+}
+
 /// Brings the item's row of the list up to date.
 void PopUpButtonBrick::showItem(const SmartMenuItem* item) {
-    const auto row = std::find(items_.begin(), items_.end(), item) - items_.begin();
-    const QModelIndex index = model()->index(static_cast<int>(row), modelColumn());
+    const QModelIndex index = model()->index(rowOf(item), modelColumn());
     model()->setData(index, item->title(), Qt::DisplayRole);
     model()->setData(index, item->subtitle(), PopUpItemDelegate::subtitleRole);
     model()->setData(index, PopUpItemDelegate::textOf(index).whole(), Qt::AccessibleTextRole);
     if (auto* items = qobject_cast<QStandardItemModel*>(model())) {
-        items->itemFromIndex(index)->setEnabled(item->isEnabled());
+        items->itemFromIndex(index)->setEnabled(item->isEnabled() && item->isVisible());
     }
     updateGeometry();
     update();
@@ -118,11 +147,19 @@ QSize PopUpButtonBrick::minimumSizeHint() const {
 }
 
 void PopUpButtonBrick::prepareList() {
-    // By index, since a function may add items.
-    for (int i = 0; i < count(); ++i) {
-        if (SmartMenuItem* const item = itemAt(i)) item->prepareForDisplay();
+    // A function may add and remove items, or end the popup.
+    const QPointer<PopUpButtonBrick> self(this);
+    const std::vector<QPointer<SmartMenuItem>> items(items_.begin(), items_.end());
+    for (const QPointer<SmartMenuItem>& item : items) {
+        if (item) item->prepareForDisplay();
     }
-    view()->setMinimumWidth(view()->sizeHintForColumn(modelColumn()));
+    if (!self) return;
+    auto* const list = qobject_cast<QListView*>(view());
+    for (int i = 0; i < count(); ++i) {
+        const SmartMenuItem* const item = itemAt(i);
+        list->setRowHidden(i, item != nullptr && !item->isVisible());
+    }
+    list->setMinimumWidth(list->sizeHintForColumn(modelColumn()));
 }
 
 void PopUpButtonBrick::apply(const ControlSkin&) {
@@ -141,7 +178,7 @@ QRectF PopUpButtonBrick::textRect(const QRectF& frame) const {
         style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this));
 }
 
-void PopUpButtonBrick::delegateDrawingToSuper(QPainter& painter, const QRectF& frame) {
+void PopUpButtonBrick::drawAsStyle(QPainter& painter, const QRectF& frame) {
     QStyleOptionComboBox option;
     initStyleOption(&option);
     option.rect = frame.toAlignedRect();

@@ -5,6 +5,7 @@
 
 #include "toolkit/bricks/ListBrick.h"
 #include "toolkit/bricks/TwoPartText.h"
+#include "toolkit/bricks/UserListeners.h"
 
 namespace marquell::toolkit {
 
@@ -13,11 +14,13 @@ class SmartMenuItem;
 /// A button that shows the chosen one of its items and opens the list of them. A separator has an
 /// index like any item but cannot be chosen; -1 is no item. The user's choice calls the item's
 /// actionFunc, the program's does not.
-class PopUpButtonBrick : public ListBrick {
+class PopUpButtonBrick : public ListBrick, public UserListeners<int> {
 public:
     explicit PopUpButtonBrick(QWidget* parent = nullptr);
+    ~PopUpButtonBrick() override;
 
-    /// Adds at the end. The popup owns the item from then on. The first item is selected at once.
+    /// Adds at the end. The popup owns the item from then on; one that is deleted leaves the list,
+    /// one that is not visible is not offered. The first item is selected at once.
     SmartMenuItem* addItem(SmartMenuItem* item);
     SmartMenuItem* addItem(const QString& title, const QString& subtitle = {});
     void addSeparator();
@@ -38,16 +41,20 @@ public:
     QSize minimumSizeHint() const override;
 
     void apply(const ControlSkin& skin) override;
-    void delegateDrawingToSuper(QPainter& painter, const QRectF& frame) override;
 
 protected:
+    void drawAsStyle(QPainter& painter, const QRectF& frame) override;
     void prepareList() override;
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     std::vector<DrawingAsset> assets() const override;
 
 private:
+    void deleteItems();
+    void deselectSeparator();
+    int rowOf(const SmartMenuItem* item) const;
     void showItem(const SmartMenuItem* item);
+    void forgetItem(const SmartMenuItem* item);
     TwoPartText selectedText() const;
     QSize sizeFor(double textWidth) const;
     QRectF textRect(const QRectF& frame) const;

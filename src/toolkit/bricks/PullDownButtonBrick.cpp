@@ -92,7 +92,7 @@ void PullDownButtonBrick::apply(const ControlSkin& skin) {
     update();
 }
 
-void PullDownButtonBrick::delegateDrawingToSuper(QPainter& painter, const QRectF& frame) {
+void PullDownButtonBrick::drawAsStyle(QPainter& painter, const QRectF& frame) {
     QStyleOptionToolButton option;
     initStyleOption(&option);
     const ButtonRole role = buttonRoleOf(this);
@@ -127,8 +127,11 @@ void PullDownButtonBrick::delegateDrawingToSuper(QPainter& painter, const QRectF
 }
 
 bool PullDownButtonBrick::event(QEvent* event) {
+    const bool hasTitle = !title().isEmpty();
+    // Beside an image nothing of a name is shown.
     if (event->type() == QEvent::ToolTip && !glyph_ &&
-        showCutText(this, event, title(), sizeHint().width(), width())) {
+        showCutText(this, event, hasTitle ? title() : accessibleName(), sizeHint().width(),
+                    hasTitle ? width() : 0)) {
         return true;
     }
     return PressedBrick<QToolButton>::event(event);

@@ -32,12 +32,12 @@ public:
     QSize minimumSizeHint() const override;
 
     void apply(const ControlSkin& skin) override;
-    void delegateDrawingToSuper(QPainter& painter, const QRectF& frame) override;
 
     /// Called before the menu opens.
     std::function<void()> buttonPressFunction;
 
 protected:
+    void drawAsStyle(QPainter& painter, const QRectF& frame) override;
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 

@@ -41,7 +41,7 @@ void PushButtonBrick::apply(const ControlSkin& skin) {
     update();
 }
 
-void PushButtonBrick::delegateDrawingToSuper(QPainter& painter, const QRectF& frame) {
+void PushButtonBrick::drawAsStyle(QPainter& painter, const QRectF& frame) {
     QStyleOptionButton option;
     initStyleOption(&option);
     option.rect = frame.toAlignedRect();

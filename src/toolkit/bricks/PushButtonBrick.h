@@ -31,9 +31,11 @@ public:
     QSize minimumSizeHint() const override { return sizeHint(); }
 
     void apply(const ControlSkin& skin) override;
-    void delegateDrawingToSuper(QPainter& painter, const QRectF& frame) override;
 
     std::function<void()> buttonPressFunction;
+
+protected:
+    void drawAsStyle(QPainter& painter, const QRectF& frame) override;
 
 private:
     std::optional<Glyph> glyph_;

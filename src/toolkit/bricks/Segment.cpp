@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "toolkit/bricks/Segment.h"
 
+#include <QKeyEvent>
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -65,6 +66,22 @@ bool Segment::event(QEvent* event) {
             showCutText(this, event, title(), contentWidth(),
                         width() - 2 * metrics().px(cutMargin))) ||
            QToolButton::event(event);
+}
+
+void Segment::keyPressEvent(QKeyEvent* event) {
+    const int onwards = layoutDirection() == Qt::LeftToRight ? 1 : -1;
+    switch (event->key()) {
+        case Qt::Key_Left:
+            return row_->selectBeside(this, -onwards);
+        case Qt::Key_Right:
+            return row_->selectBeside(this, onwards);
+        case Qt::Key_Up:
+            return row_->selectBeside(this, -1);
+        case Qt::Key_Down:
+            return row_->selectBeside(this, 1);
+        default:
+            QToolButton::keyPressEvent(event);
+    }
 }
 
 void Segment::paintEvent(QPaintEvent*) {

@@ -26,13 +26,14 @@ public:
 
 protected:
     bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     double titleWidth() const;
     double imageWidth() const;
 
-    const SegmentedControlBrick* const row_;
+    SegmentedControlBrick* const row_;
     TemplateImage image_;
 };
 

@@ -24,10 +24,11 @@ constexpr double leastPadding = 3;
 
 SegmentedControlBrick::SegmentedControlBrick(QWidget* parent)
     : Brick<QWidget>(parent), group_(new QButtonGroup(this)) {
-    connect(group_, &QButtonGroup::idClicked, this,
-            [this](int index) { callIfSet(selectionChangedFunction, index); });
+    connect(group_, &QButtonGroup::idClicked, this, [this](int index) {
+        if (tellUserListeners(index)) callIfSet(selectionChangedFunction, index);
+    });
     connect(group_, &QButtonGroup::idToggled, this, [this](int index, bool isOn) {
-        if (isOn) setFocusProxy(segment(index));
+        if (isOn) moveFocusTo(segment(index));
         update();  // also the lines between segments
     });
 }
@@ -92,6 +93,25 @@ void SegmentedControlBrick::selectSegment(int index) {
     }
 }
 
+void SegmentedControlBrick::selectBeside(Segment* focused, int by) {
+    int index = indexOfSelectedItem();
+    if (index < 0) index = group_->id(focused);
+    do {
+        index += by;
+    } while (segment(index) != nullptr && !segment(index)->isEnabled());
+    Segment* const next = segment(index);
+    if (next == nullptr) return;
+    next->setFocus(by > 0 ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    next->click();
+}
+
+/// The row is one stop of the keyboard: its selected segment.
+void SegmentedControlBrick::moveFocusTo(Segment* selected) {
+    setFocusProxy(selected);
+    const auto hasFocus = [](const Segment* segment) { return segment->hasFocus(); };
+    if (std::ranges::any_of(segments_, hasFocus)) selected->setFocus(Qt::OtherFocusReason);
+}
+
 /// The widths that the segments ask for with some padding on each side.
 std::vector<int> SegmentedControlBrick::widthsWith(double padding) const {
     std::vector<int> widths;
@@ -137,13 +157,12 @@ void SegmentedControlBrick::placeSegments() {
     }
 }
 
-void SegmentedControlBrick::delegateDrawingToSuper(QPainter& painter, const QRectF& frame) {
+void SegmentedControlBrick::drawAsStyle(QPainter& painter, const QRectF& frame) {
     std::vector<const QAbstractButton*> buttons(segments_.begin(), segments_.end());
-    painter.save();
+    if (layoutDirection() == Qt::RightToLeft) std::ranges::reverse(buttons);
     painter.translate(frame.topLeft());
     style_ == SegmentStyle::capsule ? paintCapsule(painter, *this, buttons)
                                     : paintTabs(painter, *this, buttons);
-    painter.restore();
 }
 
 void SegmentedControlBrick::changeEvent(QEvent* event) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "toolkit/bricks/Brick.h"
+#include "toolkit/bricks/UserListeners.h"
 
 class QButtonGroup;
 
@@ -25,7 +26,7 @@ using TemplateImage =
 
 /// A row of segments, at most one of which is selected. Arrow keys go from one to the next. Where
 /// there is no room for all titles, they are cut.
-class SegmentedControlBrick : public Brick<QWidget> {
+class SegmentedControlBrick : public Brick<QWidget>, public UserListeners<int> {
 public:
     explicit SegmentedControlBrick(QWidget* parent = nullptr);
     explicit SegmentedControlBrick(const QStringList& titles, QWidget* parent = nullptr);
@@ -36,32 +37,33 @@ public:
     void setTitle(const QString& title, int forSegment);
     QString title(int ofSegment) const;
     void setImage(TemplateImage image, int forSegment);
+    /// It also names the segment for assistive programs, if that has no title.
     void setSegmentToolTip(const QString& text, int forSegment);
     void setSegmentEnabled(bool isEnabled, int forSegment);
     void setSegmentStyle(SegmentStyle style);
     SegmentStyle segmentStyle() const { return style_; }
 
-    /// The segments as buttons, by their indices.
-    QButtonGroup* group() const { return group_; }
-
     /// -1 for none; selecting what is no segment selects none.
     int indexOfSelectedItem() const;
     void selectSegment(int index);
+    /// As the user: goes from the selected segment, or from the one with the focus if none is, to
+    /// the next enabled one in the direction of `by`, 1 or -1, if there is one.
+    void selectBeside(Segment* focused, int by);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
-
-    void delegateDrawingToSuper(QPainter& painter, const QRectF& frame) override;
 
     /// Called when the user selects a segment, be it the one that was selected.
     std::function<void(int index)> selectionChangedFunction;
 
 protected:
+    void drawAsStyle(QPainter& painter, const QRectF& frame) override;
     void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void moveFocusTo(Segment* selected);
     void segmentsChanged();
     void placeSegments();
     Segment* segment(int index) const;

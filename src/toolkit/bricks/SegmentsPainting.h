@@ -9,7 +9,7 @@
 namespace marquell::toolkit {
 
 /// What lies behind the segments of a row, in the row's coordinates: one rounded frame, with the
-/// selected segment marked.
+/// selected segment marked. The segments are given from left to right.
 void paintCapsule(QPainter& painter, const QWidget& row,
                   const std::vector<const QAbstractButton*>& segments);
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "toolkit/bricks/SliderBrick.h"
 
+#include <QPointer>
 #include <QSignalBlocker>
 #include <QStyleOptionSlider>
 #include <algorithm>
@@ -11,16 +12,14 @@
 namespace marquell::toolkit {
 namespace {
 
-constexpr int steps = 10000;  // finer than any screen
+constexpr int fineSteps = 10000;  // finer than any screen
 constexpr double tickLength = 4;
 
 }  // namespace
 
 SliderBrick::SliderBrick(QWidget* parent) : Brick<QSlider>(parent) {
     setOrientation(Qt::Horizontal);
-    setRange(0, steps);
-    setSingleStep(steps / 100);
-    setPageStep(steps / 10);
+    setOneStep(fineSteps / 100);
     connect(this, &QSlider::valueChanged, this, [this] { takeUsersPosition(); });
 }
 
@@ -37,7 +36,22 @@ void SliderBrick::setFloatValue(float value) {
 
 void SliderBrick::setNumberOfTickMarks(int count) {
     tickMarks_ = count;
+    setOneStep(count < 2 ? fineSteps / 100 : std::max(fineSteps / (count - 1), 1));
     update();
+}
+
+float SliderBrick::stepValue() const {
+    return (maximum_ - minimum_) * static_cast<float>(singleStep()) / static_cast<float>(maximum());
+}
+
+/// The range becomes a multiple of the step, so that steps meet the marks.
+void SliderBrick::setOneStep(int step) {
+    const int count = tickMarks_ < 2 ? fineSteps / step : tickMarks_ - 1;
+    const QSignalBlocker silence(this);  // this is not the user
+    setRange(0, count * step);
+    setSingleStep(step);
+    setPageStep(std::max(step, maximum() / 10));
+    showValue();
 }
 
 QRectF SliderBrick::rectOfTickMark(int index) const {
@@ -53,22 +67,28 @@ QRectF SliderBrick::rectOfTickMark(int index) const {
 
 /// The user has moved the knob.
 void SliderBrick::takeUsersPosition() {
-    if (!sliderValueChangedFunc) qFatal("SliderBrick: sliderValueChangedFunc has not been set");
-    const float chosen =
-        minimum_ + (maximum_ - minimum_) * static_cast<float>(value()) / static_cast<float>(steps);
-    value_ = chosen;
-    const float wanted = sliderValueChangedFunc(chosen);
-    if (wanted != chosen) setFloatValue(wanted);
+    const float share = static_cast<float>(value()) / static_cast<float>(maximum());
+    chooseValue(minimum_ + (maximum_ - minimum_) * share);
+}
+
+void SliderBrick::chooseValue(float value) {
+    const auto wantedFor = sliderValueChangedFunc;
+    if (!wantedFor) qFatal("SliderBrick: sliderValueChangedFunc has not been set");
+    setFloatValue(value);
+    const float chosen = value_;
+    const QPointer<SliderBrick> self(this);  // which the function may end
+    const float wanted = wantedFor(chosen);
+    if (self && wanted != chosen) setFloatValue(wanted);
 }
 
 void SliderBrick::showValue() {
     const float range = maximum_ - minimum_;
     const float share = range > 0 ? (value_ - minimum_) / range : 0;
     const QSignalBlocker silence(this);  // this is not the user
-    setValue(static_cast<int>(std::lround(share * static_cast<float>(steps))));
+    setValue(static_cast<int>(std::lround(share * static_cast<float>(maximum()))));
 }
 
-void SliderBrick::delegateDrawingToSuper(QPainter& painter, const QRectF& frame) {
+void SliderBrick::drawAsStyle(QPainter& painter, const QRectF& frame) {
     QStyleOptionSlider option;
     initStyleOption(&option);
     option.rect = frame.toAlignedRect();

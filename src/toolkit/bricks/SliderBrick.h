@@ -15,17 +15,22 @@ public:
     explicit SliderBrick(QWidget* parent = nullptr);
 
     void setValueRange(float minimum, float maximum);
+    float minimumValue() const { return minimum_; }
+    float maximumValue() const { return maximum_; }
     float floatValue() const { return value_; }
     /// Taken into the range; the user's function is not called.
     void setFloatValue(float value);
+    /// The same as the user's choice.
+    void chooseValue(float value);
+    /// How far an arrow key goes.
+    float stepValue() const;
 
-    /// 0 or 1: no marks. Else they are spread evenly, the outer ones at the ends of the range.
+    /// 0 or 1: no marks. Else they are spread evenly, the outer ones at the ends of the range, and
+    /// arrow keys go from one to the next.
     void setNumberOfTickMarks(int count);
     /// Where a mark is drawn, in the slider's coordinates; nowhere if marks are hidden or the
     /// slider has no such mark.
     QRectF rectOfTickMark(int index) const;
-
-    void delegateDrawingToSuper(QPainter& painter, const QRectF& frame) override;
 
     /// Required, or the program ends when the user moves the knob: it is given the value that the
     /// user chose, and answers the value to be taken.
@@ -35,9 +40,11 @@ public:
     std::optional<DrawingStack> barStack;
 
 protected:
+    void drawAsStyle(QPainter& painter, const QRectF& frame) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void setOneStep(int step);
     void takeUsersPosition();
     void showValue();
     void drawPart(QPainter& painter, const std::optional<DrawingStack>& stack, const QRect& frame,

@@ -2,7 +2,9 @@
 #include "toolkit/bricks/SmartMenuItem.h"
 
 #include <QMenu>
+#include <QPointer>
 #include <utility>
+#include <vector>
 
 #include "toolkit/bricks/CallIfSet.h"
 #include "toolkit/look/PlainText.h"
@@ -12,7 +14,11 @@ namespace marquell::toolkit {
 SmartMenuItem::SmartMenuItem(const QString& title, std::function<void()> actionFunction,
                              QObject* parent)
     : QAction(titleText(title), parent), actionFunc(std::move(actionFunction)) {
-    connect(this, &QAction::triggered, this, [this] { callIfSet(actionFunc); });
+    connect(this, &QAction::triggered, this, [this] {
+        const QPointer<SmartMenuItem> self(this);
+        // A shortcut comes without a menu, which would have asked before.
+        if (validateMenuItem() && self) callIfSet(actionFunc);
+    });
 }
 
 void SmartMenuItem::setTitle(const QString& title) { setText(titleText(title)); }
@@ -26,27 +32,34 @@ void SmartMenuItem::setSubtitle(const QString& subtitle) {
 }
 
 bool SmartMenuItem::validateMenuItem() {
-    return !traditionalValidateFunc || traditionalValidateFunc(*this);
+    const auto validate = traditionalValidateFunc;  // which may end the item
+    return !validate || validate(*this);
 }
 
 void SmartMenuItem::prepareForDisplay() {
-    if (updateBeforeDisplayFunc) updateBeforeDisplayFunc(*this);
-    if (traditionalValidateFunc) setEnabled(validateMenuItem());
+    const QPointer<SmartMenuItem> self(this);
+    callIfSet(updateBeforeDisplayFunc, *this);
+    if (!self || !traditionalValidateFunc) return;
+    const bool isValid = validateMenuItem();
+    if (self) setEnabled(isValid);
 }
 
 void updateBeforeDisplay(const QMenu& menu) {
-    const QList<QAction*> items = menu.actions();
-    for (QAction* item : items) {
-        if (item->isSeparator()) continue;
-        if (auto* smart = dynamic_cast<SmartMenuItem*>(item)) smart->prepareForDisplay();
-        if (item->menu() != nullptr) updateBeforeDisplay(*item->menu());
+    const QList<QAction*> actions = menu.actions();
+    // Each function may end other items, and the menu.
+    const std::vector<QPointer<QAction>> items(actions.begin(), actions.end());
+    for (const QPointer<QAction>& item : items) {
+        if (!item || item->isSeparator()) continue;
+        if (auto* smart = dynamic_cast<SmartMenuItem*>(item.data())) smart->prepareForDisplay();
+        if (item && item->menu() != nullptr) updateBeforeDisplay(*item->menu());
     }
 }
 
 void keepUpdated(QMenu* menu, std::function<void()> willOpen) {
     QObject::connect(menu, &QMenu::aboutToShow, menu, [menu, willOpen = std::move(willOpen)] {
-        if (willOpen) willOpen();
-        updateBeforeDisplay(*menu);
+        const QPointer<QMenu> self(menu);
+        callIfSet(willOpen);
+        if (self) updateBeforeDisplay(*menu);
     });
 }
 

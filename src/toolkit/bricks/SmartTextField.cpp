@@ -8,7 +8,9 @@ namespace marquell::toolkit {
 
 SmartTextField::SmartTextField(QWidget* parent) : Brick<QLineEdit>(parent) {
     const auto tellText = [this] { callIfSet(textChangedAction, text()); };
-    connect(this, &QLineEdit::textEdited, this, tellText);
+    connect(this, &QLineEdit::textEdited, this, [this, tellText] {
+        if (tellUserListeners(text())) tellText();
+    });
     connect(this, &QLineEdit::returnPressed, this, tellText);
     connect(this, &QLineEdit::returnPressed, this, [this] { callIfSet(buttonPressFunction); });
 }

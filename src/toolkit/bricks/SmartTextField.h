@@ -5,12 +5,15 @@
 #include <functional>
 
 #include "toolkit/bricks/Brick.h"
+#include "toolkit/bricks/UserListeners.h"
 #include "toolkit/layout/ViewMeasures.h"
 
 namespace marquell::toolkit {
 
 /// A field for one line of text. It asks for no width of its own.
-class SmartTextField : public Brick<QLineEdit>, public IntrinsicallySized {
+class SmartTextField : public Brick<QLineEdit>,
+                       public IntrinsicallySized,
+                       public UserListeners<QString> {
 public:
     explicit SmartTextField(QWidget* parent = nullptr);
 

@@ -19,8 +19,9 @@ constexpr double trackShape = 1.8;  // width to height
 SwitchBrick::SwitchBrick(QWidget* parent) : Brick<QAbstractButton>(parent) {
     setCheckable(true);
     setFocusPolicy(Qt::StrongFocus);
-    connect(this, &QAbstractButton::clicked, this,
-            [this](bool isOn) { callIfSet(checkBoxChangeFunc, isOn); });
+    connect(this, &QAbstractButton::clicked, this, [this](bool isOn) {
+        if (tellUserListeners(isOn)) callIfSet(checkBoxChangeFunc, isOn);
+    });
 }
 
 QSize SwitchBrick::sizeHint() const {
@@ -42,7 +43,7 @@ QRectF SwitchBrick::trackIn(const QRectF& frame) const {
     return track;
 }
 
-void SwitchBrick::delegateDrawingToSuper(QPainter& painter, const QRectF& frame) {
+void SwitchBrick::drawAsStyle(QPainter& painter, const QRectF& frame) {
     const ControlState state = {
         .enabled = isEnabled(), .hovered = underMouse(), .pressed = isDown()};
     const Surface surface = surfaceOf(this);

@@ -5,12 +5,15 @@
 #include <functional>
 
 #include "toolkit/bricks/Brick.h"
+#include "toolkit/bricks/UserListeners.h"
 #include "toolkit/look/FocusRing.h"
 
 namespace marquell::toolkit {
 
 /// A switch between off and on, whose state is isChecked().
-class SwitchBrick : public Brick<QAbstractButton>, public FocusRingShaped {
+class SwitchBrick : public Brick<QAbstractButton>,
+                    public FocusRingShaped,
+                    public UserListeners<bool> {
 public:
     explicit SwitchBrick(QWidget* parent = nullptr);
 
@@ -20,12 +23,11 @@ public:
     QRectF focusRingRect() const override;
     double focusRingRadius() const override;
 
-    void delegateDrawingToSuper(QPainter& painter, const QRectF& frame) override;
-
     /// Called when the user turns the switch.
     std::function<void(bool isOn)> checkBoxChangeFunc;
 
 protected:
+    void drawAsStyle(QPainter& painter, const QRectF& frame) override;
     void paintEvent(QPaintEvent* event) override;
     bool hitButton(const QPoint& position) const override;
 
