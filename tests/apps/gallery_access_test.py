@@ -102,10 +102,13 @@ class GalleryTest(unittest.TestCase):
                     and item.getState().contains(pyatspi.STATE_SHOWING)]
         self.assertEqual(nameless, [])
 
-    def test_a_popup_is_called_by_its_label(self):
+    def test_a_popup_tells_its_choice_and_its_label(self):
         gallery = self.open("Form")
-        popup = until(lambda: gallery.find("combo box", "First:"))
-        self.assertTrue(popup.getState().contains(pyatspi.STATE_SHOWING))
+        popup = until(lambda: gallery.find("combo box",
+                                           "By name and sequence number (from A to Z)"))
+        labels = [relation.getTarget(0).name for relation in popup.getRelationSet()
+                  if relation.getRelationType() == pyatspi.RELATION_LABELLED_BY]
+        self.assertEqual(labels, ["First:"])
 
     def test_a_box_pressed_from_outside_hides_a_fragment(self):
         gallery = self.open("Fragments")

@@ -191,7 +191,9 @@ TEST_F(Names, TellThePopupAndItsChoiceApart) {
     popup->addItem(odd, QStringLiteral("(from A to Z)"));
     EXPECT_EQ(nameOf(popup), odd + QStringLiteral(" (from A to Z)")) << "no label: the choice";
     label->setBuddy(popup);
-    EXPECT_EQ(nameOf(popup), odd);
+    EXPECT_EQ(nameOf(popup), odd + QStringLiteral(" (from A to Z)"));
+    ASSERT_EQ(accessible(popup).relations(QAccessible::Label).size(), 1);
+    EXPECT_EQ(accessible(popup).relations(QAccessible::Label)[0].first->object(), label);
     EXPECT_EQ(valueOf(popup), odd + QStringLiteral(" (from A to Z)"));
     EXPECT_EQ(accessible(popup).role(), QAccessible::ComboBox);
     auto* const number = new IntegerTextField(&window);

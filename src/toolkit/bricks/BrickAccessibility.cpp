@@ -36,7 +36,7 @@ private:
     const Label& label_;
 };
 
-/// Named by its label, with the choice as value: left to itself, it would be named by the choice.
+/// Named by the choice, since programs are told no other text of it; its label is told as such.
 class ListBrickAccessible : public QAccessibleWidget {
 public:
     explicit ListBrickAccessible(ListBrick& box)
@@ -47,7 +47,10 @@ public:
         if (box_.isEditable() || choice.isEmpty()) choice = box_.currentText();
         if (part == QAccessible::Value) return choice;
         const QString own = QAccessibleWidget::text(part);
-        return part == QAccessible::Name && own.isEmpty() ? choice : own;
+        if (part != QAccessible::Name) return own;
+        if (box_.isEditable()) return own.isEmpty() ? choice : own;  // the field tells its text
+        const QString given = box_.accessibleName();
+        return given.isEmpty() ? choice : given + QStringLiteral(": ") + choice;
     }
 
     QAccessible::State state() const override {

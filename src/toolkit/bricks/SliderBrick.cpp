@@ -99,7 +99,8 @@ void SliderBrick::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     QStyleOptionSlider option;
     initStyleOption(&option);
-    const QColor tickColor = color(ColorRole::secondaryText, this);
+    const QColor tickColor =
+        color(isEnabled() ? ColorRole::secondaryText : ColorRole::disabledText, this);
     for (int i = 0; i < tickMarks_; ++i) painter.fillRect(rectOfTickMark(i), tickColor);
     const auto partOf = [&](QStyle::SubControl part) {
         return style()->subControlRect(QStyle::CC_Slider, &option, part, this);

@@ -30,6 +30,11 @@ QSize SwitchBrick::sizeHint() const {
     return {qRound(track * trackShape), height};
 }
 
+/// A switch that is on has the colour of the ring.
+FocusRingPlace SwitchBrick::focusRingPlace() const {
+    return isChecked() ? FocusRingPlace::outsideWithGap : FocusRingPlace::outside;
+}
+
 QRectF SwitchBrick::focusRingRect() const { return trackIn(QRectF(rect())); }
 
 double SwitchBrick::focusRingRadius() const { return focusRingRect().height() / 2; }

@@ -20,6 +20,7 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
+    FocusRingPlace focusRingPlace() const override;
     QRectF focusRingRect() const override;
     double focusRingRadius() const override;
 

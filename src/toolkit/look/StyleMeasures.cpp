@@ -37,7 +37,7 @@ constexpr Length lengths[] = {
     {QStyle::PM_MenuBarVMargin, 1},
     {QStyle::PM_MenuBarItemSpacing, 0},
     {QStyle::PM_MenuButtonIndicator, 25},
-    {QStyle::PM_SliderThickness, 16},
+    {QStyle::PM_SliderThickness, 20},
     {QStyle::PM_SliderControlThickness, 16},
     {QStyle::PM_SliderLength, 16},
     {QStyle::PM_SliderTickmarkOffset, 4},
