@@ -21,11 +21,11 @@ using namespace toolkit;
 
 namespace {
 
-LayoutClosure fillWithin(double distance) {
-    return [distance](LayoutConstraintMaker& make) {
+LayoutClosure fillWithin(double across, double down) {
+    return [across, down](LayoutConstraintMaker& make) {
         using enum LayoutAttribute;
-        make.container().pin(left, left, distance).pin(right, right, -distance);
-        make.container().pin(top, top, distance).pin(bottom, bottom, -distance);
+        make.container().pin(left, left, across).pin(right, right, -across);
+        make.container().pin(top, top, down).pin(bottom, bottom, -down);
     };
 }
 
@@ -62,7 +62,7 @@ void addList(Sheet& sheet, Appearance appearance, double y) {
         drawRow(painter, row.translated(0, row.height()), words("Latitude"), QStringLiteral("GPS"),
                 list, true);
     };
-    frame->factory().internalAddBrick(list, fillWithin(1));
+    frame->factory().internalAddBrick(list, fillWithin(1, 1));
 }
 
 QScrollBar* scrollBar(bool isHovered) {
@@ -102,7 +102,7 @@ void addOpenList(Sheet& sheet) {
     list->setItemDelegate(popUp->itemDelegate());
     setAppearance(list,
                   surfaceOf(&sheet.wall()) == Surface::dark ? Appearance::dark : Appearance::light);
-    frame->factory().internalAddBrick(list, fillWithin(5));
+    frame->factory().internalAddBrick(list, fillWithin(1, 5));
     list->setCurrentIndex(list->model()->index(2, 0));
 }
 
