@@ -46,7 +46,7 @@ public:
         QString choice = box_.currentData(Qt::AccessibleTextRole).toString();
         if (box_.isEditable() || choice.isEmpty()) choice = box_.currentText();
         if (part == QAccessible::Value) return choice;
-        const QString own = QAccessibleWidget::text(part);
+        QString own = QAccessibleWidget::text(part);
         if (part != QAccessible::Name) return own;
         if (box_.isEditable()) return own.isEmpty() ? choice : own;  // the field tells its text
         const QString given = box_.accessibleName();

@@ -68,7 +68,7 @@ private:
         SlotSet column;  // of the rows it is in, if it is not
     };
     struct BasicRow {
-        Symbol basic;
+        Symbol basic = 0;
         Row row;
     };
 
