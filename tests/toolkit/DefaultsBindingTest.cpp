@@ -6,7 +6,7 @@
 #include <memory>
 #include <optional>
 
-#include "platform/Surroundings.h"
+#include "support/OneSetting.h"
 #include "toolkit/bricks/CheckBoxBrick.h"
 #include "toolkit/bricks/DefaultsBinding.h"
 #include "toolkit/bricks/IntegerTextField.h"
@@ -21,15 +21,7 @@ namespace {
 
 using platform::DefaultsValue;
 
-class Binding : public testing::Test {
-protected:
-    std::optional<DefaultsValue> stored() const { return defaults->object("key"); }
-    void store(DefaultsValue value) const { defaults->setObject(std::move(value), "key"); }
-
-    const tests::TemporaryFolder folder;
-    const std::shared_ptr<platform::UserDefaults> defaults =
-        platform::UserDefaults::open(folder / "settings.json", [](const auto&) {});
-};
+class Binding : public tests::OneSetting {};
 
 TEST_F(Binding, TiesTheStateOfABox) {
     CheckBoxBrick box(QStringLiteral("Files"));

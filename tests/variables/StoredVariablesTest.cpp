@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "pipeline/DataModelSnapshot.h"
-#include "platform/Surroundings.h"
+#include "support/OneSetting.h"
 #include "variables/ColorReadWriteDefaultVariable.h"
 #include "variables/UserDefaultsVariable.h"
 
@@ -18,15 +18,7 @@ using pipeline::OutputFormatIndexEnum;
 using platform::DefaultsValue;
 using testing::ElementsAre;
 
-class StoredVariables : public testing::Test {
-protected:
-    std::optional<DefaultsValue> stored() const { return defaults->object("key"); }
-    void store(DefaultsValue value) const { defaults->setObject(std::move(value), "key"); }
-
-    const tests::TemporaryFolder folder;
-    const std::shared_ptr<platform::UserDefaults> defaults =
-        platform::UserDefaults::open(folder / "settings.json", [](const auto&) {});
-};
+class StoredVariables : public tests::OneSetting {};
 
 TEST_F(StoredVariables, LiveInTheStoreAlone) {
     store(5);
