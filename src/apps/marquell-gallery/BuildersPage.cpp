@@ -103,20 +103,14 @@ void addFields(Column& column) {
     factory.datePickerBrick(column.next())->setAccessibleName(words("Date"));
 }
 
-void fill(Wall* wall, ColorRole role) {
-    wall->backgroundDrawingFunc = [wall, role](QPainter& painter, const QRectF& frame) {
-        painter.fillRect(frame, color(role, wall));
-    };
-}
-
 void addContainers(Column& column) {
     auto& factory = column.factory();
-    fill(factory.wall({150, 30}, column.next()), ColorRole::alternateBase);
+    fillWith(factory.wall({150, 30}, column.next()), ColorRole::alternateBase);
     auto* tabs = factory.tabWall([next = column.next()](LayoutConstraintMaker& make) {
         make.width(150).height(30);
         next(make);
     });
-    fill(tabs->createNewWall(), ColorRole::header);
+    fillWith(tabs->createNewWall(), ColorRole::header);
     factory.specialEffectWall({150, 30}, column.next());
     factory.unconfiguredSpecialEffectWall({150, 30}, column.next());
     factory.viewWithIntrinicSize({150, 10}, column.next());

@@ -4,6 +4,7 @@
 #include <QFontDatabase>
 #include <QScrollArea>
 
+#include "Sheet.h"
 #include "Words.h"
 #include "toolkit/bricks/Label.h"
 #include "toolkit/bricks/PopUpButtonBrick.h"
@@ -41,9 +42,7 @@ GalleryWindow::GalleryWindow()
 
 Wall* GalleryWindow::makeBar() {
     auto* bar = new Wall;
-    bar->backgroundDrawingFunc = [bar](QPainter& painter, const QRectF& frame) {
-        painter.fillRect(frame, color(ColorRole::window, bar));
-    };
+    fillWith(bar, ColorRole::window);
     auto* label = bar->factory().label(QStringLiteral("Page:"), [](auto& make) {
         make.container().place(left, left).place(top, top);
     });
@@ -77,9 +76,7 @@ void GalleryWindow::showPage(const Page& page) {
     applyFonts();
     setLongWords(page.longWords);
     auto* wall = new Wall;
-    wall->backgroundDrawingFunc = [wall](QPainter& painter, const QRectF& frame) {
-        painter.fillRect(frame, color(ColorRole::page, wall));
-    };
+    fillWith(wall, ColorRole::page);
     LayoutRoot::install(wall);
     page.build(*wall);
     scrollArea_->setWidget(wall);

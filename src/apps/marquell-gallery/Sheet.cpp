@@ -50,6 +50,12 @@ void Sheet::end(double width, double height) {
     addConstraints(&wall_, {keepsRoom(right), keepsRoom(bottom)});
 }
 
+void fillWith(Wall* wall, ColorRole role) {
+    wall->backgroundDrawingFunc = [wall, role](QPainter& painter, const QRectF& frame) {
+        painter.fillRect(frame, color(role, wall));
+    };
+}
+
 RoleWall::RoleWall(std::optional<ColorRole> ground, std::optional<ColorRole> border)
     : ground_(ground), border_(border) {
     setBorders(border.has_value(), border.has_value(), border.has_value(), border.has_value());

@@ -40,6 +40,9 @@ private:
     toolkit::Wall& wall_;
 };
 
+/// Fills the wall with a colour that follows the mode.
+void fillWith(toolkit::Wall* wall, toolkit::ColorRole role);
+
 /// A wall whose ground and border are of roles, so that they follow the mode.
 class RoleWall : public toolkit::Wall {
 public:

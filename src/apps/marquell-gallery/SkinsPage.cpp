@@ -89,9 +89,7 @@ void buildSkins(Wall& wall) {
     for (const auto& skin : skins) {
         auto* part = sheet.put(new Wall, x, 0, 200, 300);
         if (skin.appearance == Appearance::system) {
-            part->backgroundDrawingFunc = [part](QPainter& painter, const QRectF& frame) {
-                painter.fillRect(frame, color(ColorRole::page, part));
-            };
+            fillWith(part, ColorRole::page);
         } else {
             setAppearance(part, skin.appearance);
             part->setBackgroundColor(color(ColorRole::page, part));

@@ -54,13 +54,6 @@ void addBackgrounds(Sheet& sheet) {
     }
 }
 
-/// Fills the wall with a colour that follows the mode.
-void fill(Wall* wall, ColorRole role) {
-    wall->backgroundDrawingFunc = [wall, role](QPainter& painter, const QRectF& frame) {
-        painter.fillRect(frame, color(role, wall));
-    };
-}
-
 Wall* framed(Sheet& sheet, double x, double y, double width, double height) {
     return sheet.put(new RoleWall(std::nullopt, ColorRole::divider), x, y, width, height);
 }
@@ -84,10 +77,10 @@ void addArrangements(Sheet& sheet) {
     auto* side = framed(sheet, 16, 296, 220, 90);
     const auto [left, right] =
         side->split(SplittingSize::relative, 0.3, SplitDirection::horizontal);
-    fill(left, ColorRole::selectedSegmentFill);
+    fillWith(left, ColorRole::selectedSegmentFill);
     addLabel(*left, "0.3");
     const auto [upper, lower] = right->split(SplittingSize::absolute, 30, SplitDirection::vertical);
-    fill(upper, ColorRole::header);
+    fillWith(upper, ColorRole::header);
     addLabel(*upper, "30 points");
     addLabel(*lower, "The rest");
 
@@ -104,7 +97,7 @@ void addTabs(Sheet& sheet) {
     std::vector<Wall*> walls;
     for (const char* text : {"First wall", "Second wall, the widest of the three", "Third"}) {
         walls.push_back(tabs->createNewWall());
-        fill(walls.back(), ColorRole::alternateBase);
+        fillWith(walls.back(), ColorRole::alternateBase);
         addLabel(*walls.back(), text);
     }
     control->selectionChangedFunction = [tabs, walls](int index) {
@@ -128,7 +121,7 @@ void addSpecialWalls(Sheet& sheet) {
         make.container().place(left, left).place(top, top);
     });
     auto* own = sheet.put(new WallWithInstrinsicSize({80, 40}), 496, 402);
-    fill(own, ColorRole::tagBand);
+    fillWith(own, ColorRole::tagBand);
     addLabel(*own, "80 x 40");
 }
 
