@@ -82,6 +82,7 @@ public:
 
     pipeline::DataModel& model() { return *here_.model; }
     pipeline::OutputEngine& engine() { return *engine_; }
+    const std::filesystem::path& folder() const { return here_.folder; }
 
     /// `each` is called all the time until the last text shows.
     void runToRest(const std::function<void()>& each = &std::this_thread::yield) {
@@ -92,12 +93,16 @@ public:
     }
 
     void showWaitingText(const std::string&) override { maySave_ = false; }
-    void showText(std::shared_ptr<const platform::TextBuffer>, bool maySave) override {
+    void showText(std::shared_ptr<const platform::LinedText>, bool maySave) override {
         maySave_ = maySave;
     }
-    void allowSaving() override { maySave_ = true; }
-    std::optional<std::string> showSaveDialog() override { return std::nullopt; }
+    void setMaySave(bool maySave) override { maySave_ = maySave; }
+    std::optional<std::string> showSaveDialog(const pipeline::SaveOffer&) override {
+        return destination;
+    }
     void updateTable(std::shared_ptr<const pipeline::FlatFileList>) override {}
+
+    std::optional<std::string> destination;  ///< what the user answers to the save dialog
 
 private:
     Surroundings here_;
@@ -118,6 +123,33 @@ void optionChanges(benchmark::State& state) {
     }
 }
 BENCHMARK(optionChanges)->Arg(1)->Arg(20)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// A text of 100 MB made, shown and saved; and the longest that it kept the main thread, in
+/// milliseconds.
+void largeTextSaved(benchmark::State& state) {
+    EngineOverManyFiles files;
+    files.model().columnList.insertAtRow(0, std::vector<std::string>(24, "absolute_path"));
+    files.destination = files.folder() / "list.csv";
+    double longest = 0;
+    int value = 0;
+    for (auto _ : state) {
+        auto begin = Clock::now();
+        const auto look = [&] {
+            longest = std::max(longest, secondsSince(begin) * 1e3);
+            std::this_thread::yield();
+            begin = Clock::now();
+        };
+        files.model().nullValuesMode->setValue(++value % 5);
+        files.runToRest(look);
+        files.engine().performCommitAction();
+        look();
+        files.runToRest(look);
+    }
+    const auto text = files.engine().currentOutputString();
+    state.counters["bytes"] = static_cast<double>(text->size());
+    state.counters["longest"] = longest;
+}
+BENCHMARK(largeTextSaved)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 /// What a status line waits for its progress while scans, re-sorts and outputs run, in
 /// microseconds; the time is that of all the stages.

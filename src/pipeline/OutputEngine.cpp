@@ -4,6 +4,8 @@
 #include <utility>
 
 #include "metadata/MetadataStorage.h"
+#include "pipeline/LackingCharacterSearch.h"
+#include "platform/Disposal.h"
 #include "platform/Localization.h"
 #include "platform/MainQueue.h"
 
@@ -16,7 +18,9 @@ OutputEngine::OutputEngine(DataModel& dataModel, platform::Pasteboard& pasteboar
         [this] { postToMain([](OutputEngine& engine) { engine.queueIsDrained(); }); });
 }
 
-OutputEngine::~OutputEngine() = default;
+OutputEngine::~OutputEngine() {
+    if (const auto origin = origin_.lock()) origin->abandon();
+}
 
 template <typename... Variables>
 void OutputEngine::enterOnChange(void (OutputEngine::*launch)(), Variables&... variables) {
@@ -125,10 +129,15 @@ void OutputEngine::reSortOperationFinished(ReSortFlatFileListOperation& reSortOp
 }
 
 void OutputEngine::outputOperationFinished(formats::OutputFormatOperationType& outputOperation) {
+    CurrentOutput output;
+    output.text = outputOperation.outputString();
+    output.format = &formats::outputFormat(outputOperation.dataModelSnapshot().outputFormat);
+    // Here, for the main thread has no time to read the whole text.
+    output.shownText = platform::makeDisposedOnWorker<platform::LinedText>(
+        output.format->displayStringFor(output.text));
     {
         const std::lock_guard lock(mutex_);
-        currentOutput_ = {outputOperation.outputString(),
-                          &formats::outputFormat(outputOperation.dataModelSnapshot().outputFormat)};
+        std::swap(currentOutput_, output);
         currentFileCount_ = outputOperation.totalFileCount();
     }
     outputCompletePublisher.setValue(true);
@@ -175,23 +184,53 @@ void OutputEngine::performCommitAction() {
 }
 
 void OutputEngine::askForDestinantionAndWriteToFile() {
-    if (display_ == nullptr) return;
+    if (display_ == nullptr || !maySave()) return;
     // A dialog runs the main queue: meanwhile the text may change, or the engine go.
     const CurrentOutput output = currentOutput();
     const std::weak_ptr alive = self_;
-    const std::optional<std::string> path = display_->showSaveDialog();
-    if (path && !alive.expired()) write(output, *path);
+    isSaving_ = true;
+    const std::optional<std::string> path = display_->showSaveDialog(saveOffer(output));
+    if (alive.expired()) return;
+    if (path) {
+        startWriting(output, *path);
+    } else {
+        savingIsOver();
+    }
+}
+
+/// At rest only: list and settings are then those that the text was made from.
+SaveOffer OutputEngine::saveOffer(const CurrentOutput& output) {
+    const platform::TextEncoding encoding = encodingOf(output);
+    const std::lock_guard lock(mutex_);
+    // A new operation, as the one that made the text is gone, and its memory with it.
+    auto origin = output.format->getOutputOperation(newestSnapshot_, *this, flatFileList_);
+    origin_ = origin;
+    return {output.format->allowedFileTypes(),
+            lackingCharacterSearch(output.text, encoding, std::move(origin))};
+}
+
+platform::TextEncoding OutputEngine::encodingOf(const CurrentOutput& output) const {
+    return output.format->fileEncoding(dataModel_.createSnapshot());
+}
+
+void OutputEngine::startWriting(const CurrentOutput& output, const std::string& path) {
+    if (display_ != nullptr) display_->setMaySave(false);
+    writer_.write(path, output.text, encodingOf(output), [self = std::weak_ptr(self_)] {
+        platform::MainQueue::installed()->post([self] {
+            if (const auto alive = self.lock()) (*alive)->savingIsOver();
+        });
+    });
+}
+
+void OutputEngine::savingIsOver() {
+    isSaving_ = false;
+    if (display_ != nullptr) display_->setMaySave(maySave());
 }
 
 std::optional<platform::TextWriteProblem> OutputEngine::writeOutputTo(const std::string& path) {
-    return write(currentOutput(), path);
-}
-
-std::optional<platform::TextWriteProblem> OutputEngine::write(const CurrentOutput& output,
-                                                              const std::string& path) const {
+    const CurrentOutput output = currentOutput();
     if (output.text == nullptr) return std::nullopt;
-    return platform::writeTextFile(path, output.text->view(),
-                                   output.format->fileEncoding(dataModel_.createSnapshot()));
+    return platform::writeTextFile(path, output.text->view(), encodingOf(output));
 }
 
 void OutputEngine::clearOutputPreviewTextView() {
@@ -223,15 +262,16 @@ void OutputEngine::showCurrentText() {
     // Of several, each would show the newest; one is enough.
     if (textsToShow_.fetch_sub(1, std::memory_order_relaxed) > 1) return;
     if (display_ == nullptr) return;
-    CurrentOutput output = currentOutput();
-    display_->showText(output.format->displayStringFor(std::move(output.text)), isAtRest());
+    display_->showText(currentOutput().shownText, maySave());
 }
 
 void OutputEngine::queueIsDrained() {
-    if (display_ != nullptr && maySave()) display_->allowSaving();
+    if (display_ != nullptr && maySave()) display_->setMaySave(true);
 }
 
-bool OutputEngine::maySave() const { return isAtRest() && currentOutputString() != nullptr; }
+bool OutputEngine::maySave() const {
+    return !isSaving_ && isAtRest() && currentOutputString() != nullptr;
+}
 
 /// Whether no stage is left, and no text that waits for the main thread to show it.
 bool OutputEngine::isAtRest() const {

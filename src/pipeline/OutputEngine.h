@@ -20,6 +20,8 @@
 #include "pipeline/ReSortFlatFileListOperation.h"
 #include "pipeline/ScannerOperation.h"
 #include "pipeline/StageOwner.h"
+#include "pipeline/TextWriter.h"
+#include "platform/LinedText.h"
 #include "platform/OperationQueue.h"
 #include "platform/Pasteboard.h"
 #include "platform/TextBuffer.h"
@@ -36,7 +38,8 @@ namespace marquell::pipeline {
 /// When it is empty, list and text are those of the newest settings.
 ///
 /// Used on the main thread, but for the three ...OperationFinished, which the stages call. Needs
-/// the installed main queue. Destroying it stops the stages and waits for them.
+/// the installed main queue. Destroying it stops the stages and waits for them, and for the end of
+/// a file that is being saved.
 class OutputEngine final : public StageOwner, public OutputDelivery {
 public:
     /// Model and pasteboard must outlive the engine. Starts nothing.
@@ -72,19 +75,20 @@ public:
     /// while another text is to come. The engine may have gone when this returns.
     void performCommitAction();
 
-    /// Saves the text of this moment. Quiet about a file that can't be written; the text stays
-    /// where it is.
+    /// Saves the text of this moment, in the encoding that the settings choose when the user has
+    /// chosen a file; that is written in the background. Quiet about a file that can't be written:
+    /// what is there stays. Nothing while another text is to come or is being saved.
     void askForDestinantionAndWriteToFile() override;
 
-    /// Writes the newest text to a file, whole or not at all, in the encoding that the settings
-    /// choose at this moment. Says what went wrong; without a text nothing is written and nothing
-    /// wrong.
+    /// Writes the newest text to a file at once, whole or not at all, in the encoding that the
+    /// settings choose at this moment. Says what went wrong; without a text nothing is written and
+    /// nothing wrong.
     std::optional<platform::TextWriteProblem> writeOutputTo(const std::string& path);
 
     platform::Pasteboard& pasteboard() override { return pasteboard_; }
 
-    /// Whether there is a text and no other is to come. The display learns of a change a moment
-    /// later, so whoever saves asks here.
+    /// Whether there is a text, no other is to come and none is being saved. The display learns of
+    /// a change a moment later, so whoever saves asks here.
     bool maySave() const;
 
     /// Set to true at the end of each output stage, on the stage's thread.
@@ -93,9 +97,10 @@ public:
 private:
     using Snapshot = std::shared_ptr<const DataModelSnapshot>;
 
-    /// A finished text, and the format that made it.
+    /// A finished text, what a display gets of it, and the format that made it.
     struct CurrentOutput {
         std::shared_ptr<const platform::TextBuffer> text;
+        std::shared_ptr<const platform::LinedText> shownText;
         const formats::OutputFormatType* format = nullptr;
     };
 
@@ -114,8 +119,10 @@ private:
     void updatePreviewTable();
     std::shared_ptr<const FlatFileList> currentList() const;
     CurrentOutput currentOutput() const;
-    std::optional<platform::TextWriteProblem> write(const CurrentOutput& output,
-                                                    const std::string& path) const;
+    SaveOffer saveOffer(const CurrentOutput& output);
+    platform::TextEncoding encodingOf(const CurrentOutput& output) const;
+    void startWriting(const CurrentOutput& output, const std::string& path);
+    void savingIsOver();
     void outputIsReady(bool ready);
     void queueIsDrained();
     void showCurrentText();
@@ -139,6 +146,11 @@ private:
 
     /// Texts that the main thread has been asked to show and hasn't yet.
     std::atomic<int> textsToShow_ = 0;
+
+    bool isSaving_ = false;  // from the question where to, to the end of the file
+    /// What tells the places of the text that is offered for saving.
+    std::weak_ptr<platform::Operation> origin_;
+    TextWriter writer_;
 
     platform::OperationQueue operationQueue_{"mainOperationQueue"};  // last: stops before the rest
 };

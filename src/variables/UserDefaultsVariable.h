@@ -26,6 +26,8 @@ public:
     UserDefaultsVariable(const UserDefaultsVariable&) = delete;
     UserDefaultsVariable& operator=(const UserDefaultsVariable&) = delete;
 
+    const std::string& storageKey() const { return storageKey_; }
+
     T value() const override {
         const auto stored = defaults_->object(storageKey_);
         return stored ? form_.fromStored(*stored).value_or(unreadableValue_) : unreadableValue_;

@@ -28,19 +28,22 @@ public:
         maySave = false;
         events.emplace_back("waiting");
     }
-    void showText(std::shared_ptr<const platform::TextBuffer> newText, bool isLast) override {
+    void showText(std::shared_ptr<const platform::LinedText> newText, bool isLast) override {
         isWaiting = false;
-        text = std::string(newText->view());
+        text = std::string(newText->text());
         maySave = isLast;
         events.emplace_back("text");
     }
-    void allowSaving() override {
-        EXPECT_FALSE(isWaiting);
-        maySave = true;
+    void setMaySave(bool newMaySave) override {
+        EXPECT_FALSE(isWaiting && newMaySave);
+        maySave = newMaySave;
     }
-    std::optional<std::string> showSaveDialog() override {
-        if (duringDialog) duringDialog();
-        return destination;
+    std::optional<std::string> showSaveDialog(const pipeline::SaveOffer& newOffer) override {
+        ++dialogs;
+        offer = newOffer;
+        const auto answer = destination;
+        if (const auto during = duringDialog) during();  // may destroy this display
+        return answer;
     }
     void updateTable(std::shared_ptr<const pipeline::FlatFileList> flatFileList) override {
         const bool isNew = list == nullptr || list->files.empty() || flatFileList->files.empty() ||
@@ -55,6 +58,8 @@ public:
     std::shared_ptr<const pipeline::FlatFileList> list;
     std::optional<std::string> destination;  ///< what the user answers to the save dialog
     std::function<void()> duringDialog;
+    int dialogs = 0;
+    pipeline::SaveOffer offer;  ///< of the last dialog
     std::vector<std::string> events;
 };
 

@@ -81,10 +81,18 @@ protected:
         }
     }
 
+    /// Saves over what was saved before, if the engine does so now.
+    void save() {
+        display.destination = config / "list";
+        const bool isForFiles = model->outputFormat->value() == OutputFormatIndexEnum::CSV;
+        if (engine->maySave() && isForFiles) saved = currentText();
+        engine->performCommitAction();
+    }
+
     void changeAnything() {
         const auto sortModes = {0, 1, 2, 3, 6, 7, 10, 11, 12, 15, 99};
         const auto sortMode = [&] { return *(sortModes.begin() + below(11)); };
-        switch (below(14)) {
+        switch (below(15)) {
             case 0:
             case 1:
                 return changeSources();
@@ -105,6 +113,8 @@ protected:
                                                          : OutputFormatIndexEnum::CopyToExcel);
             case 9:
                 return disturb();
+            case 10:
+                return save();
             default:
                 return defaults->setObject(below(3),
                                            optionKeys_[static_cast<std::size_t>(below(4))]);
@@ -122,6 +132,7 @@ protected:
             EXPECT_EQ(engine->createOutputEngineViewModel().activeStage,
                       OutputOperationTypeEnum::ready);
             compareWithDirectRun();
+            EXPECT_EQ(tests::contentOf(config / "list"), saved);
         }
     }
 
@@ -143,6 +154,7 @@ protected:
 
     std::mt19937 random{20240309};
     int comparisons = 0;
+    std::string saved;
 
 private:
     using Files = std::vector<std::shared_ptr<Node>>;
@@ -192,8 +204,9 @@ TEST_F(OutputEngineStress, TheEngineMayEndAtAnyMoment) {
             if (below(3) == 0) mainQueue.drain();
         }
         engine.reset();
+        EXPECT_EQ(tests::contentOf(config / "list"), saved);
         display = tests::RecordingDisplay();
-        changeAnything();
+        defaults->setObject(round, "nullValuesMode");
         mainQueue.drain();
         EXPECT_TRUE(display.events.empty());
     }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 
 #include <latch>
 #include <optional>
@@ -153,11 +154,14 @@ TEST_F(OutputEngineTest, SavesWhereTheUserSaysInTheEncodingOfTheMoment) {
     const auto save = [this](const std::string& path) {
         display.destination = path;
         engine->performCommitAction();
+        settle();
         return tests::contentOf(path);
     };
     display.destination.reset();
     engine->performCommitAction();
+    EXPECT_TRUE(display.maySave) << "nothing was saved";
     EXPECT_EQ(save(config / "list"), "\"a\u0308\"\n");
+    EXPECT_THAT(display.offer.fileTypes, ElementsAre("csv", "text"));
     display.events.clear();
     model->encodingMode->setValue(2);
     mainQueue.drain();
@@ -183,17 +187,96 @@ TEST_F(OutputEngineTest, MuchMayHappenWhileTheUserChoosesAFile) {
     settle();
     display.destination = config / "list";
     display.duringDialog = [this] {
+        engine->performCommitAction();
         model->outputFormat->setValue(OutputFormatIndexEnum::HTML);
-        settle();
+        pumpUntil([this] { return display.text != "\n" && display.text == currentText(); });
+        EXPECT_FALSE(display.maySave) << "not twice at a time";
     };
     model->includeColumnTitlesMode->setValue(1);
     settle();
     engine->performCommitAction();
+    EXPECT_EQ(display.dialogs, 1);
+    settle();
     EXPECT_EQ(tests::contentOf(config / "list"), "\n") << "the text of before";
+    // The window that asks may be closed, or the program end.
+    auto window = std::make_unique<tests::RecordingDisplay>();
+    engine->setDisplay(window.get());
+    window->destination = config / "other";
+    window->duringDialog = [&] {
+        engine->setDisplay(nullptr);
+        window.reset();
+    };
+    engine->performCommitAction();
+    pumpUntil([this] { return engine->maySave(); });
+    EXPECT_EQ(tests::contentOf(config / "other"), currentText());
+    engine->setDisplay(&display);
     display.destination = config / "none";
     display.duringDialog = [this] { engine.reset(); };
     engine->performCommitAction();
+    EXPECT_EQ(display.dialogs, 2);
     EXPECT_FALSE(std::filesystem::exists(config / "none"));
+}
+
+TEST_F(OutputEngineTest, SavesInTheBackground) {
+    startWithFiles();
+    const std::string saved = currentText();
+    const std::string slow = config / "slow";  // a disk that does nothing until it is read
+    ASSERT_EQ(::mkfifo(slow.c_str(), 0600), 0);
+    display.destination = slow;
+    engine->performCommitAction();
+    EXPECT_FALSE(display.maySave);
+    EXPECT_FALSE(engine->maySave());
+    defaults->setObject(std::vector<std::string>{root / "a1"}, "Sources");
+    pumpUntil([&] { return display.text == currentText() && display.text != saved; });
+    engine->performCommitAction();
+    EXPECT_FALSE(display.maySave);
+    EXPECT_EQ(display.dialogs, 1) << "one at a time";
+    EXPECT_EQ(tests::contentOf(slow), saved);
+    settle();
+    // The end of the program waits for the file.
+    engine->performCommitAction();
+    std::string received;
+    std::thread reader([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        received = tests::contentOf(slow);
+    });
+    const std::string last = currentText();
+    engine.reset();
+    reader.join();
+    EXPECT_EQ(received, last);
+}
+
+TEST_F(OutputEngineTest, TellsWhereTheEncodingLacksACharacter) {
+    for (const char* name : {"a", "b\u65E5"}) tests::writeFile(root / name, "");
+    model->sourceList.add({root / "a", root / "b\u65E5"}, false);
+    model->encodingMode->setValue(1);
+    startEngine();
+    const auto find = [this] {
+        settle();
+        engine->performCommitAction();
+        std::optional<LackingCharacter> lacking;
+        std::thread([&] { lacking = display.offer.findLackingCharacter(); }).join();
+        return lacking;
+    };
+    EXPECT_EQ(find(), std::nullopt) << "UTF-16 has all";
+    model->encodingMode->setValue(7);
+    const auto inCell = find();
+    ASSERT_TRUE(inCell);
+    EXPECT_EQ(inCell->character, U'\u65E5');
+    EXPECT_EQ(inCell->encoding, platform::TextEncoding::isoLatin1);
+    EXPECT_EQ(inCell->row, 1U);
+    EXPECT_EQ(inCell->columnTitle, "Name (with file extension)");
+    model->columnList.insertAtRow(1, {"\u4E2D"});
+    model->includeColumnTitlesMode->setValue(1);
+    const auto inTitle = find();
+    ASSERT_TRUE(inTitle);
+    EXPECT_EQ(inTitle->row, std::nullopt);
+    EXPECT_EQ(inTitle->columnTitle, "\u4E2D");
+    engine->performCommitAction();
+    engine.reset();
+    const auto later = display.offer.findLackingCharacter();
+    ASSERT_TRUE(later) << "also when the engine has gone";
+    EXPECT_EQ(later->character, U'\u4E2D');
 }
 
 TEST_F(OutputEngineTest, FillsTheClipboardWithWhatTheFormatIsFor) {
