@@ -17,6 +17,7 @@
 #include "toolkit/bricks/SegmentedControlBrick.h"
 #include "toolkit/bricks/SliderAccessible.h"
 #include "toolkit/bricks/SliderBrick.h"
+#include "toolkit/bricks/Spinner.h"
 #include "toolkit/bricks/SwitchBrick.h"
 
 namespace marquell::toolkit {
@@ -102,6 +103,9 @@ QAccessibleInterface* accessibleOf(const QString&, QObject* object) {
     }
     if (auto* pullDown = dynamic_cast<PullDownButtonBrick*>(object)) {
         return new PullDownAccessible(*pullDown);
+    }
+    if (auto* spinner = dynamic_cast<Spinner*>(object)) {
+        return new QAccessibleWidget(spinner, QAccessible::Animation);
     }
     auto* button = qobject_cast<QAbstractButton*>(object);
     if (dynamic_cast<SwitchBrick*>(object) ||

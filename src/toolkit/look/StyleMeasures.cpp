@@ -49,6 +49,7 @@ constexpr Length lengths[] = {
     {QStyle::PM_ButtonShiftVertical, 0},
     {QStyle::PM_ButtonIconSize, 16},
     {QStyle::PM_SmallIconSize, 16},
+    {QStyle::PM_ListViewIconSize, 16},
     {QStyle::PM_ToolTipLabelFrameWidth, 6},
 };
 

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "toolkit/tables/CellStore.h"
+
+namespace marquell::toolkit {
+
+CellStore::CellStore(CellTableSource& source, const std::vector<TableColumn>& columns,
+                     ChangeFunc changed)
+    : source_(source), columns_(columns), changed_(std::move(changed)) {}
+
+CellStore::~CellStore() { clear(); }
+
+CellStore::CellPtr CellStore::make(int row, int column) const {
+    return source_.viewFor(columns_.at(static_cast<std::size_t>(column)), row);
+}
+
+CellStore::CellPtr CellStore::cell(int row, int column) {
+    const auto found = cells_.find({row, column});
+    if (found != cells_.end()) return found->second;
+    CellPtr made = make(row, column);
+    made->onChange = [this, row, column] { changed_(row, column); };
+    cells_.emplace(std::pair(row, column), made);
+    return made;
+}
+
+CellStore::CellPtr CellStore::cellForReading(int row, int column) const {
+    const auto found = cells_.find({row, column});
+    return found != cells_.end() ? found->second : make(row, column);
+}
+
+void CellStore::clear() {
+    keepOnly([](int, int) { return false; });
+}
+
+void CellStore::keepOnly(const std::function<bool(int row, int column)>& isNear) {
+    std::erase_if(cells_, [&](const auto& entry) {
+        const auto [row, column] = entry.first;
+        if (isNear(row, column)) return false;
+        entry.second->onChange = {};  // others may hold the cell still
+        return true;
+    });
+}
+
+}  // namespace marquell::toolkit
