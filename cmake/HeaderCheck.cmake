@@ -7,7 +7,8 @@ set(sources)
 file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}"
     "${PROJECT_SOURCE_DIR}/src/*.h" "${PROJECT_SOURCE_DIR}/tests/*.h")
 if(NOT MARQUELL_WINDOW)
-    list(FILTER headers EXCLUDE REGEX "^(src|tests)/(toolkit|shell|apps/marquell-gallery)/")
+    list(FILTER headers EXCLUDE REGEX 
+        "^(src|tests)/(lists/tables|shell|toolkit|window|apps/marquell(-gallery)?)/")
 endif()
 foreach(header IN LISTS headers)
     string(REGEX REPLACE "\\.h$" ".cpp" own "${PROJECT_SOURCE_DIR}/${header}")

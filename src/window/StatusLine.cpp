@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "window/StatusLine.h"
+
+#include <QAccessible>
+#include <QFontMetricsF>
+#include <QPainter>
+#include <algorithm>
+#include <vector>
+
+#include "toolkit/bricks/CutTextToolTip.h"
+#include "toolkit/look/ColorRole.h"
+#include "toolkit/look/Metrics.h"
+#include "toolkit/look/TextLine.h"
+
+namespace marquell::window {
+namespace {
+
+constexpr QChar ellipsis(0x2026);
+
+/// A stretch of text, or a digit, which takes the room of the widest one.
+struct Piece {
+    QString text;
+    bool isDigit;
+};
+
+std::vector<Piece> piecesOf(const QString& text) {
+    std::vector<Piece> pieces;
+    for (const QChar character : text) {
+        const bool isDigit = character.isDigit();
+        if (isDigit || pieces.empty() || pieces.back().isDigit) {
+            pieces.push_back({character, isDigit});
+        } else {
+            pieces.back().text += character;
+        }
+    }
+    return pieces;
+}
+
+double digitWidth(const QFontMetricsF& font) {
+    double widest = 0;
+    for (char digit = '0'; digit <= '9'; ++digit) {
+        widest = std::max(widest, font.horizontalAdvance(QLatin1Char(digit)));
+    }
+    return widest;
+}
+
+double widthOf(const QString& text, const QFontMetricsF& font) {
+    const double digit = digitWidth(font);
+    double width = 0;
+    for (const Piece& piece : piecesOf(text)) {
+        width += piece.isDigit ? digit : font.horizontalAdvance(piece.text);
+    }
+    return width;
+}
+
+QString cut(QString text, const QFontMetricsF& font, double room) {
+    if (widthOf(text, font) <= room) return text;
+    while (!text.isEmpty() && widthOf(text + ellipsis, font) > room) text.chop(1);
+    return text + ellipsis;
+}
+
+}  // namespace
+
+StatusLine::StatusLine(QWidget* parent) : QWidget(parent) {
+    toolkit::setFontRole(this, toolkit::FontRole::small);
+}
+
+void StatusLine::setText(const QString& text) {
+    if (text == text_) return;
+    text_ = text;
+    setAccessibleName(text.trimmed());
+    update();
+}
+
+bool StatusLine::event(QEvent* event) {
+    return (event->type() == QEvent::ToolTip &&
+            toolkit::showCutText(this, event, text_.trimmed(),
+                                 widthOf(text_.trimmed(), QFontMetricsF(font())), width())) ||
+           QWidget::event(event);
+}
+
+void StatusLine::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.setPen(toolkit::color(toolkit::ColorRole::secondaryText, this));
+    const QFontMetricsF font(this->font());
+    const double digit = digitWidth(font);
+    QRectF box(rect());
+    for (const Piece& piece : piecesOf(cut(text_.trimmed(), font, box.width()))) {
+        const double width = piece.isDigit ? digit : font.horizontalAdvance(piece.text);
+        const auto alignment = piece.isDigit ? Qt::AlignHCenter : Qt::AlignLeft;
+        // One px more, so that no rounding cuts the piece.
+        const QRectF place(box.x(), box.y(), piece.isDigit ? width : width + 1, box.height());
+        toolkit::drawTextLine(painter, place, piece.text, alignment, Qt::ElideNone);
+        box.setLeft(box.left() + width);
+    }
+}
+
+}  // namespace marquell::window

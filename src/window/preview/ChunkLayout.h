@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QColor>
+#include <QPainter>
+#include <QTextLayout>
+#include <string_view>
+#include <vector>
+
+#include "window/preview/DecodedText.h"
+#include "window/preview/PageMeasure.h"
+#include "window/preview/TextRange.h"
+
+namespace marquell::window {
+
+/// A chunk of a line as it is drawn, with marks for invisible characters and from left to right as
+/// a whole, whatever writing it begins with. Offsets in bytes from the chunk's start, lengths in px
+/// from its left edge.
+class ChunkLayout {
+public:
+    struct Colors {
+        QColor text;
+        QColor marks;
+    };
+
+    /// The colours matter for drawing only.
+    ChunkLayout(std::string_view text, const PageMeasure& measure, const Colors& colors = {});
+
+    double width() const;
+    double xOf(std::size_t offset) const;
+    /// The boundary of a character that is nearest.
+    std::size_t offsetAt(double x) const;
+
+    struct Span {
+        double left;
+        double right;
+    };
+    /// What the bytes cover. More than one where writing from right to left is cut.
+    std::vector<Span> spansOf(const TextRange& range) const;
+
+    /// `start`: of the baseline.
+    void draw(QPainter& painter, const QPointF& start) const;
+
+private:
+    void addText(std::string_view text, QList<QTextLayout::FormatRange>& marks);
+    void layOut(const PageMeasure& measure, const QList<QTextLayout::FormatRange>& marks);
+    int unitAt(double x) const;
+
+    QColor textColor_;
+    QColor markColor_;
+    DecodedText shown_;
+    QTextLayout layout_;
+    QTextLine line_;
+    bool hasRightToLeft_ = false;
+};
+
+}  // namespace marquell::window

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "window/preview/PreviewTableViewController.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "metadata/TagManager.h"
+#include "window/Text.h"
+#include "window/preview/PreviewTableCellView.h"
+#include "window/preview/PreviewTablePlace.h"
+
+namespace marquell::window {
+namespace {
+
+/// What tells one path from another is at its end.
+constexpr std::array<std::string_view, 3> pathColumns = {"absolute_path", "absolute_parent_path",
+                                                         "relative_path"};
+
+Qt::TextElideMode elideModeOf(std::string_view columnId) {
+    const bool isPath =
+        std::find(pathColumns.begin(), pathColumns.end(), columnId) != pathColumns.end();
+    return isPath ? Qt::ElideMiddle : Qt::ElideRight;
+}
+
+}  // namespace
+
+PreviewTableViewController::PreviewTableViewController(pipeline::DataModel& dataModel)
+    : dataModel_(dataModel),
+      sourceListResponder_(dataModel.sourceList.storageKey, dataModel.defaults, false,
+                           [this](auto&, const auto&) { updateSentence(); }) {}
+
+PreviewTableViewController::~PreviewTableViewController() {
+    delete tableView_;  // which asks this for its cells
+}
+
+void PreviewTableViewController::build() {
+    auto* const wall = new toolkit::Wall;
+    const auto fill = [](toolkit::LayoutConstraintMaker& make) { make.fillContainer(); };
+    tableView_ = new toolkit::CellTable(*this);
+    tableView_->setAccessibleName(localizedText("Preview Table", "segmented control title"));
+    wall->factory().internalAddBrick(tableView_, fill);
+    sentence_ = new EmptyListSentence(*tableView_);
+    wall->factory().internalAddBrick(sentence_, fill);
+    setView(wall);
+    updateColumns();
+    updateSentence();
+}
+
+void PreviewTableViewController::updateAll(std::shared_ptr<const pipeline::FlatFileList> nodes) {
+    const PreviewTablePlace place(*tableView_, source_);
+    isUpdating_ = true;
+    tableView_->setAutoScroll(false);  // to the current row, at each step
+    take(std::move(nodes));
+    dataModel_.waitingForData->setValue(false);
+    tableView_->reloadData();
+    updateColumns();
+    place.restore(*tableView_, source_);
+    tableView_->setAutoScroll(true);
+    updateSentence();
+    isUpdating_ = false;
+    tellCurrentNode();
+}
+
+void PreviewTableViewController::take(std::shared_ptr<const pipeline::FlatFileList> nodes) {
+    // The same list may come again for the sake of its columns, while a scan is under way.
+    if (nodes == source_.nodes) return;
+    source_.nodes = std::move(nodes);
+    listIsOfSources_ = !dataModel_.sourceList.value().empty();
+}
+
+void PreviewTableViewController::updateColumns() {
+    std::vector<toolkit::TableColumn> columns;
+    for (const std::string& id : dataModel_.columnList.value()) {
+        const auto title = metadata::TagManager::shared().displayName(id);
+        columns.push_back(
+            {id, QString::fromUtf8(title.data(), static_cast<qsizetype>(title.size()))});
+    }
+    tableView_->setColumns(std::move(columns), true);
+}
+
+std::shared_ptr<toolkit::TableCellView> PreviewTableViewController::viewFor(
+    const toolkit::TableColumn& column, int row) {
+    auto cell = std::make_shared<PreviewTableCellView>();
+    cell->nameLabel.elideMode = elideModeOf(column.identifier);
+    cell->node = source_.node(row);
+    cell->valueKey = column.identifier;
+    cell->configureLabel();
+    return cell;
+}
+
+void PreviewTableViewController::selectionDidChange() {
+    if (!isUpdating_) tellCurrentNode();
+}
+
+void PreviewTableViewController::tellCurrentNode() {
+    auto node = source_.node(tableView_->selectedRow());
+    if (node == currentNode_) return;
+    currentNode_ = std::move(node);
+    if (selectionChanged) selectionChanged(currentNode_);
+}
+
+QString PreviewTableViewController::sentence() const {
+    if (source_.numberOfRows() > 0) return {};
+    if (dataModel_.sourceList.value().empty()) {
+        return localizedText("Drop folders or files here, or press “Add …”.", "label");
+    }
+    if (source_.nodes == nullptr || !listIsOfSources_) return localizedText("Waiting...", "label");
+    return localizedText(
+        "Nothing to list: the sources hold nothing that is ticked under “Process”.", "label");
+}
+
+void PreviewTableViewController::updateSentence() {
+    if (sentence_ == nullptr) return;
+    const QString text = sentence();
+    sentence_->setText(text);
+    sentence_->setVisible(!text.isEmpty());
+}
+
+}  // namespace marquell::window
