@@ -30,6 +30,6 @@ target_include_directories(marquell_header_check PRIVATE "${PROJECT_SOURCE_DIR}/
 target_link_libraries(marquell_header_check PRIVATE
     marquell_core marquell_compiler PkgConfig::FFMPEG PkgConfig::POPPLER PkgConfig::PUGIXML)
 if(MARQUELL_WINDOW)
-    target_link_libraries(marquell_header_check PRIVATE marquell_qt)
+    target_link_libraries(marquell_header_check PRIVATE marquell_qt Qt6::Test)
 endif()
 target_compile_options(marquell_header_check PRIVATE -O0)

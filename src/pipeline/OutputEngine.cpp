@@ -191,6 +191,7 @@ void OutputEngine::askForDestinantionAndWriteToFile() {
     isSaving_ = true;
     const std::optional<std::string> path = display_->showSaveDialog(saveOffer(output));
     if (alive.expired()) return;
+    if (const auto origin = origin_.lock()) origin->abandon();  // nobody waits for its answer now
     if (path) {
         startWriting(output, *path);
     } else {

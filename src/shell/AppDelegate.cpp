@@ -29,10 +29,9 @@ AppDelegate::AppDelegate()
     QApplication::setWindowIcon(toolkit::applicationIcon());
 }
 
-AppDelegate::~AppDelegate() {
-    mainWindow_.reset();
-    metadata::endFileReaders();
-}
+AppDelegate::ReadersEnd::~ReadersEnd() { metadata::endFileReaders(); }
+
+AppDelegate::~AppDelegate() = default;
 
 void AppDelegate::finishLaunching() {
     followDesktop();

@@ -44,6 +44,13 @@ private:
     DesktopAppearance appearance_;
     std::optional<DesktopFonts> fonts_;
     QtPasteboard pasteboard_;
+    /// Ends the processes that read files, once nobody starts one any more.
+    struct ReadersEnd {
+        ReadersEnd() = default;
+        ReadersEnd(const ReadersEnd&) = delete;
+        ReadersEnd& operator=(const ReadersEnd&) = delete;
+        ~ReadersEnd();
+    } readersEnd_;
     pipeline::DataModel dataModel_;
     pipeline::OutputEngine outputEngine_;
     std::unique_ptr<window::MainWindow> mainWindow_;

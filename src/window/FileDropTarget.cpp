@@ -2,21 +2,14 @@
 #include "window/FileDropTarget.h"
 
 #include <QDropEvent>
-#include <QMimeData>
 #include <QPointer>
 #include <QWidget>
 #include <utility>
 
+#include "lists/tables/DroppedFiles.h"
 #include "platform/MainQueue.h"
-#include "platform/UriList.h"
 
 namespace marquell::window {
-namespace {
-
-QString uriListType() { return QStringLiteral("text/uri-list"); }
-
-}  // namespace
-
 void FileDropTarget::install(QWidget& view, Add add, Show show) {
     view.setAcceptDrops(true);
     view.installEventFilter(new FileDropTarget(view, std::move(add), std::move(show)));
@@ -46,7 +39,7 @@ bool FileDropTarget::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool FileDropTarget::accept(QDropEvent& event) const {
-    const bool areFiles = event.source() == nullptr && event.mimeData()->hasFormat(uriListType());
+    const bool areFiles = lists::areFilesFromOutside(*event.mimeData(), event.source());
     event.setDropAction(Qt::CopyAction);
     event.setAccepted(areFiles);
     return areFiles;
@@ -54,8 +47,7 @@ bool FileDropTarget::accept(QDropEvent& event) const {
 
 void FileDropTarget::drop(QDropEvent& event) {
     if (!accept(event)) return;
-    const QByteArray list = event.mimeData()->data(uriListType());
-    auto paths = platform::pathsOfUriList({list.data(), static_cast<std::size_t>(list.size())});
+    auto paths = lists::droppedPaths(*event.mimeData());
     if (paths.empty()) return;
     // The program that the files come from waits for the drop to end: no alert before that.
     platform::MainQueue::installed()->post(

@@ -107,6 +107,18 @@ void MainContentViewController::createTabs(FragmentWall& fragment) {
     textPreview_ = new TextPreview;
     textPreviewWall_->factory().internalAddBrick(
         textPreview_, [](LayoutConstraintMaker& make) { make.fillContainer(); });
+    createFindShortcuts();
+}
+
+/// They are in force while the page of the text shows, whatever has the keyboard.
+void MainContentViewController::createFindShortcuts() {
+    const std::pair<QKeySequence::StandardKey, void (TextPreview::*)()> shortcuts[] = {
+        {QKeySequence::Find, &TextPreview::find},
+        {QKeySequence::FindNext, &TextPreview::findNext},
+        {QKeySequence::FindPrevious, &TextPreview::findPrevious}};
+    for (const auto& [key, action] : shortcuts) {
+        connect(new QShortcut(key, textPreviewWall_), &QShortcut::activated, textPreview_, action);
+    }
 }
 
 void MainContentViewController::createWaitView() {
@@ -140,6 +152,7 @@ void MainContentViewController::createActionButton() {
     // A button has one shortcut only, and there are two such keys.
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
         auto* shortcut = new QShortcut(QKeySequence(key), view());
+        shortcut->setAutoRepeat(false);  // or a key that is held would answer the dialog, too
         connect(shortcut, &QShortcut::activated, saveButton_, &QAbstractButton::click);
     }
 }

@@ -21,7 +21,6 @@ using enum LayoutAttribute;
 
 namespace {
 
-constexpr double leastHeight = 600;
 constexpr double leastRightWidth = 500;
 constexpr std::chrono::duration<double> statusPeriod(0.1);
 
@@ -46,7 +45,7 @@ void MainContentViewController::build() {
     buildParameterWall();
     rightSideWall_ = new Wall;
     contentWall->factory().internalAddBrick(rightSideWall_, [this](LayoutConstraintMaker& make) {
-        make.minWidth(leastRightWidth).minHeight(leastHeight);
+        make.minWidth(leastRightWidth);
         make.container().pin(right, right, 0).pin(top, top, 0).pin(bottom, bottom, 0);
         make.andView(parameterWall_).pin(left, right, 0);
     });
@@ -91,7 +90,18 @@ void MainContentViewController::showText(std::shared_ptr<const platform::LinedTe
     setMaySave(maySave);
 }
 
-void MainContentViewController::setMaySave(bool maySave) { saveButton_->setEnabled(maySave); }
+void MainContentViewController::setMaySave(bool maySave) {
+    if (!maySave && saveButton_->hasFocus()) {
+        saveButton_->setEnabled(false);
+        focusMeanwhile_ = view()->window()->focusWidget();  // which Qt has just chosen
+        return;
+    }
+    saveButton_->setEnabled(maySave);
+    // The keyboard comes back, unless the user has gone elsewhere.
+    if (!maySave || focusMeanwhile_ == nullptr) return;
+    if (focusMeanwhile_->hasFocus()) saveButton_->setFocus(Qt::OtherFocusReason);
+    focusMeanwhile_.clear();
+}
 
 std::optional<std::string> MainContentViewController::showSaveDialog(
     const pipeline::SaveOffer& offer) {

@@ -96,6 +96,7 @@ private:
     void createPreviewFragment();
     void createModeControl(toolkit::FragmentWall& fragment);
     void createTabs(toolkit::FragmentWall& fragment);
+    void createFindShortcuts();
     void createWaitView();
     void selectTab(int index);
     void updateActionButton();
@@ -132,6 +133,8 @@ private:
     toolkit::Wall* textPreviewWall_ = nullptr;
     TextPreview* textPreview_ = nullptr;
     StatusLine* statusLine_ = nullptr;
+    /// What has got the keyboard from the action button while that is disabled.
+    QPointer<QWidget> focusMeanwhile_;
 
     std::unique_ptr<lists::SourceListTableViewController> sourceListTableViewController_;
     std::unique_ptr<lists::ColumnListTableViewController> columnsListTableViewController_;

@@ -53,10 +53,23 @@ double widthOf(const QString& text, const QFontMetricsF& font) {
     return width;
 }
 
-QString cut(QString text, const QFontMetricsF& font, double room) {
+/// As much of the text as there is room for, with an ellipsis for the rest.
+QString cut(const QString& text, const QFontMetricsF& font, double room) {
     if (widthOf(text, font) <= room) return text;
-    while (!text.isEmpty() && widthOf(text + ellipsis, font) > room) text.chop(1);
-    return text + ellipsis;
+    const double digit = digitWidth(font);
+    double left = room - font.horizontalAdvance(ellipsis);
+    QString kept;
+    for (const Piece& piece : piecesOf(text)) {
+        const double width = piece.isDigit ? digit : font.horizontalAdvance(piece.text);
+        if (width > left) {
+            QString part = piece.isDigit ? QString() : piece.text;
+            while (font.horizontalAdvance(part) > left && !part.isEmpty()) part.chop(1);
+            return kept + part + ellipsis;
+        }
+        left -= width;
+        kept += piece.text;
+    }
+    return kept;
 }
 
 }  // namespace

@@ -5,8 +5,8 @@
 
 #include <QApplication>
 #include <QMimeData>
+#include <QTest>
 #include <QUrl>
-#include <QtTest>
 #include <memory>
 #include <string>
 #include <vector>

@@ -1,12 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The program with the window.
+#include <sys/stat.h>
+
 #include <QApplication>
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "platform/DiagnosticText.h"
 #include "platform/Path.h"
 #include "platform/UnfinishedFile.h"
 #include "shell/AppDelegate.h"
@@ -64,9 +70,29 @@ bool hasDisplay() {
     return false;
 }
 
-int complain(const std::string& message) {
+enum ExitStatus { success = 0, wrongUsage = 2, noDisplay = 3 };
+
+int complain(const std::string& message, ExitStatus status) {
     std::fprintf(stderr, "marquell: %s\n", message.c_str());
-    return 2;
+    return status;
+}
+
+int complainOfDisplay() {
+    return complain("there is no display to open a window on; marquell-list needs none", noDisplay);
+}
+
+/// In place of Qt's own end, an abort, where a display is named and can't be had.
+void takeMessage(QtMsgType type, const QMessageLogContext&, const QString& message) {
+    if (type == QtFatalMsg) std::_Exit(complainOfDisplay());
+    std::fprintf(stderr, "%s\n", qPrintable(message));
+}
+
+void nameMissing(const std::vector<std::string>& paths) {
+    for (const std::string& path : paths) {
+        struct stat status {};
+        if (::lstat(path.c_str(), &status) == 0) continue;
+        complain(platform::diagnosticText(path) + ": " + std::strerror(errno), wrongUsage);
+    }
 }
 
 int run(int argumentCount, char** arguments) {
@@ -75,18 +101,21 @@ int run(int argumentCount, char** arguments) {
     const Arguments early = parse(rest(argumentCount, arguments));
     if (early.help || early.version) {
         std::fputs(early.help ? helpText : "marquell " MARQUELL_VERSION "\n", stdout);
-        return 0;
+        return success;
     }
-    if (!hasDisplay()) {
-        return complain("there is no display to open a window on; marquell-list needs none");
-    }
+    if (!hasDisplay()) return complainOfDisplay();
+    qInstallMessageHandler(takeMessage);
     const QApplication application(argumentCount, arguments);
+    qInstallMessageHandler(nullptr);
     const Arguments parsed = parse(rest(argumentCount, arguments));
-    if (!parsed.wrong.empty()) return complain(parsed.wrong + ": no such option (see --help)");
+    if (!parsed.wrong.empty())
+        return complain(platform::diagnosticText(parsed.wrong) + ": no such option (see --help)",
+                        wrongUsage);
     shell::QtMainQueue mainQueue;
     platform::MainQueue::install(&mainQueue);
     shell::AppDelegate delegate;
     delegate.finishLaunching();
+    nameMissing(parsed.paths);
     if (!parsed.paths.empty()) delegate.openFiles(parsed.paths);
     return QApplication::exec();
 }

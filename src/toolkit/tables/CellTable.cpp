@@ -108,6 +108,7 @@ void CellTable::resetModel(const std::function<void()>& change) {
     const auto selected = selectedRows();
     const int current = currentIndex().row();
     const int place = verticalScrollBar()->value();
+    const int across = horizontalScrollBar()->value();
     const bool scrollsToCurrent = hasAutoScroll();
     setAutoScroll(false);
     cells_->clear();
@@ -115,6 +116,7 @@ void CellTable::resetModel(const std::function<void()>& change) {
     resizeColumns();
     executeDelayedItemsLayout();
     verticalScrollBar()->setValue(place);
+    horizontalScrollBar()->setValue(across);
     selectionModel()->setCurrentIndex(model_->index(current, 0), QItemSelectionModel::NoUpdate);
     selectRows(selected);
     setAutoScroll(scrollsToCurrent);
@@ -132,9 +134,12 @@ void CellTable::reloadData() {
     if (std::abs(rows - model_->rowCount()) > manyRows) {
         return resetModel([this, rows] { model_->resetRowCount(rows); });
     }
+    const bool scrollsToCurrent = hasAutoScroll();
+    setAutoScroll(false);  // to a row that is still there for the model, but not for the source
     cells_->clear();
     model_->setRowCount(rows);
     executeDelayedItemsLayout();
+    setAutoScroll(scrollsToCurrent);
     contentMoved();
     viewport()->update();
 }
@@ -267,17 +272,22 @@ void CellTable::changeEvent(QEvent* event) {
 
 QModelIndex CellTable::moveCursor(CursorAction cursorAction, Qt::KeyboardModifiers modifiers) {
     // To the first row and the last, not to the ends of a row.
-    if (cursorAction == MoveHome || cursorAction == MoveEnd) modifiers |= Qt::ControlModifier;
+    if (cursorAction == MoveHome || cursorAction == MoveEnd) {
+        const int row = cursorAction == MoveHome ? 0 : model_->rowCount() - 1;
+        return model_->index(row, std::max(currentIndex().column(), 0));
+    }
     return QTableView::moveCursor(cursorAction, modifiers);
 }
 
 void CellTable::keyPressEvent(QKeyEvent* event) {
+    // Qt would copy what a single cell shows, be it cut.
+    if (event->matches(QKeySequence::Copy)) return event->ignore();
     const int toButton = isRightToLeft() ? Qt::Key_Left : Qt::Key_Right;
     const bool isPlain = !(event->modifiers() & ~Qt::KeypadModifier);
     if (isPlain && event->key() == toButton) {
         // Rows may have come after the focus, and none of them been made the current one.
         const int row = currentIndex().isValid() ? currentIndex().row() : rowsInView().first;
-        scrollTo(model_->index(row, 0));
+        scrollTo(model_->index(row, std::max(currentIndex().column(), 0)));
         if (buttons_->setFocus(row)) return;
     }
     QTableView::keyPressEvent(event);

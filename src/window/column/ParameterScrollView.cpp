@@ -1,12 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/column/ParameterScrollView.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QLayout>
 #include <QScrollBar>
 #include <QStyle>
+#include <algorithm>
+
+#include "toolkit/look/Metrics.h"
 
 namespace marquell::window {
+
+namespace {
+
+constexpr double focusMargin = 8;  // points
+
+}  // namespace
 
 ParameterScrollView::ParameterScrollView(QWidget* parent)
     : QScrollArea(parent), bar_(new QScrollBar(Qt::Vertical, this)) {
@@ -20,6 +30,12 @@ ParameterScrollView::ParameterScrollView(QWidget* parent)
     connect(own, &QScrollBar::valueChanged, bar_, &QScrollBar::setValue);
     connect(bar_, &QScrollBar::valueChanged, own, &QScrollBar::setValue);
     connect(own, &QScrollBar::rangeChanged, this, &ParameterScrollView::placeBar);
+    // The area itself looks only after a focus that stays inside.
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* control) {
+        const bool isInside =
+            control != nullptr && widget() != nullptr && widget()->isAncestorOf(control);
+        if (isInside) ensureWidgetVisible(control, 0, toolkit::metrics().px(focusMargin));
+    });
 }
 
 void ParameterScrollView::setDocumentView(QWidget* view) {

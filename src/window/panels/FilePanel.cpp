@@ -58,6 +58,7 @@ FilePanel::FilePanel(QWidget* parent, const QString& title, const QString& folde
 /// Which Qt makes only for a dialog of its own.
 void FilePanel::takeParts() {
     nameField_ = partOf<QLineEdit>(*this, "fileNameEdit");
+    folders_ = findChild<QFileSystemModel*>(QStringLiteral("qt_filesystem_model"));
     for (const PartName& row : partNames) {
         auto* part = partOf<QWidget>(*this, row.part);
         part->setAccessibleName(panelText(row.name, "accessible name"));
@@ -127,10 +128,6 @@ void FilePanel::toggleHiddenFiles() { setFilter(filter() ^ QDir::Hidden); }
 void FilePanel::enterCurrentFolder() {
     const QString path = selection_->currentIndex().data(QFileSystemModel::FilePathRole).toString();
     if (QFileInfo(path).isDir()) setDirectory(path);
-}
-
-QString panelText(const char* english, const char* context) {
-    return QString::fromStdString(platform::localized(english, context));
 }
 
 }  // namespace marquell::window

@@ -3,10 +3,13 @@
 
 #include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QFileSystemModel>
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+
+#include "window/Text.h"
 
 namespace marquell::window {
 
@@ -29,6 +32,7 @@ protected:
     QLabel* addLine(LinePlace place);
 
     QLineEdit& nameField() const { return *nameField_; }
+    QFileSystemModel& folders() const { return *folders_; }
     /// The one that both views of a folder share.
     const QItemSelectionModel& selection() const { return *selection_; }
 
@@ -42,10 +46,13 @@ private:
     void enterCurrentFolder();
 
     QLineEdit* nameField_ = nullptr;
+    QFileSystemModel* folders_ = nullptr;
     QItemSelectionModel* selection_ = nullptr;
 };
 
 /// The user's text.
-QString panelText(const char* english, const char* context = "file panel");
+inline QString panelText(const char* english, const char* context = "file panel") {
+    return localizedText(english, context);
+}
 
 }  // namespace marquell::window

@@ -37,8 +37,9 @@ public:
         addRefusalLine();
         offerTypes();
         suggestName();
-        connect(&nameField(), &QLineEdit::textChanged, this, [this] { judge(); });
-        connect(this, &QFileDialog::directoryEntered, this, [this] { judge(); });
+        connect(&nameField(), &QLineEdit::textChanged, this, [this] { choiceChanged(); });
+        // The dialog itself tells of some ways only into another folder.
+        connect(&folders(), &QFileSystemModel::rootPathChanged, this, [this] { choiceChanged(); });
         connect(this, &QFileDialog::filterSelected, this, [this] { takeType(); });
         judge();
     }
@@ -143,6 +144,12 @@ private:
         refusal_->setText(isDelayed ? panelText("Looking for characters that the encoding lacks…")
                                     : reason);
         button_->setAccessibleDescription(refusal_->text());
+    }
+
+    /// What waits to be accepted is what was chosen then, nothing later.
+    void choiceChanged() {
+        isWaiting_ = false;
+        judge();
     }
 
     void takeAnswer() {

@@ -59,7 +59,8 @@ QString shownCharacter(char32_t character) {
     if (QChar::isPrint(character) && !QChar::isMark(character) && !QChar::isSpace(character)) {
         return QStringLiteral("“%1”").arg(QString::fromUcs4(&character, 1));
     }
-    return QStringLiteral("U+%1").arg(static_cast<uint>(character), 4, 16, QLatin1Char('0'));
+    const QString number = QString::number(static_cast<uint>(character), 16).toUpper();
+    return QStringLiteral("U+") + number.rightJustified(4, QLatin1Char('0'));
 }
 
 }  // namespace

@@ -36,7 +36,7 @@ double LongLine::endOf(std::size_t chunk) {
 std::size_t LongLine::chunkAtX(double x) {
     std::size_t last = starts_.size() - 1;
     for (double end = endOf(last); end <= x && last + 1 < chunkCount_; end = endOf(last)) {
-        const double chunksToGo = (x - end) / end * static_cast<double>(last + 1);
+        const double chunksToGo = end > 0 ? (x - end) / end * static_cast<double>(last + 1) : 1;
         const double farthest = static_cast<double>(chunkCount_ - 1 - last);
         last += std::max<std::size_t>(static_cast<std::size_t>(std::min(chunksToGo, farthest)), 1);
     }

@@ -33,6 +33,7 @@ PreviewTableViewController::PreviewTableViewController(pipeline::DataModel& data
                            [this](auto&, const auto&) { updateSentence(); }) {}
 
 PreviewTableViewController::~PreviewTableViewController() {
+    delete sentence_;   // which looks at the table
     delete tableView_;  // which asks this for its cells
 }
 

@@ -2,7 +2,6 @@
 #include "window/preview/TextFinder.h"
 
 #include <QLocale>
-#include <algorithm>
 
 #include "window/Text.h"
 #include "window/preview/DecodedText.h"
@@ -116,8 +115,7 @@ QString TextFinder::status() const {
     const std::size_t count = search_.hitCount();
     if (count == 0) return localizedText("Not found", "label");
     const TextRange selection = view_.selection();
-    const auto selected = search_.hitsIn(selection);
-    if (selection.isEmpty() || std::ranges::find(selected, selection) == selected.end()) {
+    if (selection.isEmpty() || search_.hitFrom(selection.start).hit != selection) {
         return localizedText("%1 found", "label").arg(numberText(count));
     }
     const std::size_t number = search_.numberBefore(selection.start) + 1;

@@ -14,6 +14,17 @@ namespace {
 constexpr int atCaret = -2;  // what programs ask for in place of an offset
 constexpr int atEnd = -1;
 
+/// In bytes, of one answer: more would not pass to the program that asks.
+constexpr std::size_t mostTold = 1 << 20;
+
+/// Where what is told of a range ends, never within a character.
+std::size_t endOfTold(std::string_view text, const TextRange& range) {
+    if (range.length() <= mostTold) return range.end;
+    std::size_t end = range.start + mostTold;
+    while (!beginsCodePoint(text, end)) --end;
+    return end;
+}
+
 }  // namespace
 
 TextOutputAccessible::TextOutputAccessible(TextOutputView& view)
@@ -71,9 +82,10 @@ QString TextOutputAccessible::text(int startOffset, int endOffset) const {
     return told(TextRange{byteOf(startOffset), byteOf(endOffset)}, nullptr, nullptr);
 }
 
-QString TextOutputAccessible::told(const std::optional<TextRange>& range, int* startOffset,
+QString TextOutputAccessible::told(std::optional<TextRange> range, int* startOffset,
                                    int* endOffset) const {
     const bool isText = range && view_.text() != nullptr && range->start <= range->end;
+    if (isText) range->end = endOfTold(view_.text()->text(), *range);
     if (startOffset != nullptr) *startOffset = isText ? characterOf(range->start) : -1;
     if (endOffset != nullptr) *endOffset = isText ? characterOf(range->end) : -1;
     if (!isText) return {};
@@ -173,9 +185,10 @@ void TextOutputAccessible::scrollToSubstring(int startIndex, int endIndex) {
     view_.showPlace(byteOf(startIndex));
 }
 
-QString TextOutputAccessible::attributes(int /*offset*/, int* startOffset, int* endOffset) const {
-    *startOffset = 0;
-    *endOffset = characterCount();
+QString TextOutputAccessible::attributes(int offset, int* startOffset, int* endOffset) const {
+    // There are none, so any stretch will do.
+    *startOffset = offset;
+    *endOffset = offset + 1;
     return {};
 }
 

@@ -48,7 +48,7 @@ private:
     CharacterOffsets* offsets() const;
     std::size_t byteOf(int character) const;
     int characterOf(std::size_t offset) const;
-    QString told(const std::optional<TextRange>& range, int* startOffset, int* endOffset) const;
+    QString told(std::optional<TextRange> range, int* startOffset, int* endOffset) const;
     std::optional<TextRange> unitAt(std::size_t offset, QAccessible::TextBoundaryType kind) const;
     std::size_t place(int offset) const;
 

@@ -24,7 +24,7 @@ namespace {
 
 using platform::LinedText;
 
-constexpr double widestBar = 1e9;  // px; what is farther is reached by the caret only
+constexpr double widestBar = 2e9;  // px; as far as bars can count
 
 const std::shared_ptr<const LinedText>& emptyText() {
     static const auto empty =

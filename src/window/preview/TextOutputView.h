@@ -82,7 +82,6 @@ private:
     TextPage page();
     std::size_t pageRows() const;
     void updateBars();
-    void updateBarsLater();
     void scrollTo(std::size_t offset, bool intoTheMidst);
     void scrollAcrossTo(std::size_t offset, bool intoTheMidst);
     bool isOwnKey(const QKeyEvent& key) const;

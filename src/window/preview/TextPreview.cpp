@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "toolkit/look/ColorRole.h"
-#include "toolkit/look/Glyph.h"
 #include "window/preview/FindBar.h"
 #include "window/preview/TextFinder.h"
 #include "window/preview/TextOutputView.h"

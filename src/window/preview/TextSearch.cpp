@@ -9,7 +9,7 @@ namespace marquell::window {
 namespace {
 
 constexpr std::size_t blocksBetweenNews = 2048;
-constexpr std::size_t rememberedBlocks = 64;
+constexpr std::size_t rememberedBlocks = 512;
 
 }  // namespace
 
