@@ -197,6 +197,20 @@ TEST_F(ListTables, KeysRemoveAndMoveTheSelectedRowsInOneWrite) {
     EXPECT_EQ(writes, 4);
 }
 
+TEST_F(ListTables, TheEndOfAScrolledListCanBeDeleted) {
+    Texts many;
+    for (int i = 10; i < 40; ++i) many.push_back("/" + std::to_string(i));
+    show(many);
+    table.setFocus(Qt::TabFocusReason);
+    table.setCurrentIndex(table.model()->index(4, 0));
+    QTest::keyClick(&table, Qt::Key_End, Qt::ShiftModifier);
+    EXPECT_THAT(selectionOf(table), ElementsAre(std::pair(4, 29)));
+    table.scrollToBottom();
+    QTest::keyClick(&table, Qt::Key_Delete);
+    EXPECT_THAT(paths(), ElementsAre("/10", "/11", "/12", "/13"));
+    EXPECT_NE(button("Remove /13"), nullptr);
+}
+
 TEST_F(ListTables, MenuOffersWhatMakesSense) {
     const auto offered = [&] {
         Q_EMIT table.customContextMenuRequested(QPoint(5, 5));
