@@ -26,7 +26,8 @@ struct LackingCharacter {
 struct SaveOffer {
     std::vector<std::string> fileTypes;  ///< extensions, the usual one first
     /// The first character of the text that the file's encoding lacks. May take as long as making
-    /// the text did. To be called once, on any thread, also when the engine has gone.
+    /// the text did; the dialog's end cuts it short, its place in the list is unknown then. To be
+    /// called once, on any thread, also when the engine has gone.
     std::function<std::optional<LackingCharacter>()> findLackingCharacter;
 };
 

@@ -11,7 +11,7 @@
 namespace marquell::platform {
 
 struct TextWriteProblem {
-    int error;  ///< errno; EILSEQ if the encoding lacks a character of the text
+    int error = 0;  ///< errno; EILSEQ if the encoding lacks a character of the text
     std::optional<UnencodableCharacter> unencodable;
 };
 

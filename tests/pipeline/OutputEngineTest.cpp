@@ -236,10 +236,7 @@ TEST_F(OutputEngineTest, SavesInTheBackground) {
     // The end of the program waits for the file.
     engine->performCommitAction();
     std::string received;
-    std::thread reader([&] {
-        std::this_thread::sleep_for(std::chrono::milliseconds(50));
-        received = tests::contentOf(slow);
-    });
+    std::thread reader([&] { received = tests::contentOf(slow); });
     const std::string last = currentText();
     engine.reset();
     reader.join();
@@ -253,9 +250,12 @@ TEST_F(OutputEngineTest, TellsWhereTheEncodingLacksACharacter) {
     startEngine();
     const auto find = [this] {
         settle();
-        engine->performCommitAction();
         std::optional<LackingCharacter> lacking;
-        std::thread([&] { lacking = display.offer.findLackingCharacter(); }).join();
+        display.duringDialog = [&] {
+            std::thread([&] { lacking = display.offer.findLackingCharacter(); }).join();
+        };
+        engine->performCommitAction();
+        display.duringDialog = {};
         return lacking;
     };
     EXPECT_EQ(find(), std::nullopt) << "UTF-16 has all";
