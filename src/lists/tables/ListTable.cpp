@@ -31,9 +31,9 @@ void ListTable::changeEvent(QEvent* event) {
 
 void ListTable::updateGeometries() {
     CellTable::updateGeometries();
-    // Nobody scrolls by the single pixel that the frame takes of the last row.
+    // Nobody scrolls by what the frame takes of the last row.
     QScrollBar* bar = verticalScrollBar();
-    if (bar->maximum() <= toolkit::metrics().px(1)) bar->setRange(0, 0);
+    if (bar->maximum() <= toolkit::metrics().px(2)) bar->setRange(0, 0);
 }
 
 }  // namespace marquell::lists

@@ -8,6 +8,7 @@
 #include "toolkit/bricks/Label.h"
 #include "toolkit/bricks/PushButtonBrick.h"
 #include "toolkit/bricks/SmartTextField.h"
+#include "toolkit/layout/ViewMeasures.h"
 #include "toolkit/look/ColorRole.h"
 #include "toolkit/look/Glyph.h"
 #include "window/Text.h"
@@ -87,6 +88,9 @@ void FindBar::addStatus() {
         make.container().pin(centerY, centerY, 0);
     });
     status_->setColorRole(ColorRole::secondaryText);
+    // It takes the room that the others leave, and gives way first.
+    setContentHuggingPriority(status_, Qt::Horizontal, LayoutPriority::lowest);
+    setContentCompressionResistancePriority(status_, Qt::Horizontal, LayoutPriority::lowest);
 }
 
 QString FindBar::words() const { return field_->text(); }
