@@ -321,6 +321,28 @@ TEST_F(PanelsTest, RefusesATextThatTheEncodingLacks) {
         << "once the text is known to be whole";
 }
 
+TEST_F(PanelsTest, SavesToThePathThatTheFieldWasGiven) {
+    tests::writeFile(root / "sub/list.csv", "old");
+    const auto path = save([this] {
+        dialog().setDirectory(text(root.path()));
+        type(root / "sub/list.csv");
+        button("Cancel")->setFocus();
+        nameField()->setText(text(root / "sub/lis.csv"));
+        nameField()->setText(text(root / "sub/list.csv"));
+        EXPECT_EQ(nameField()->text(), text(root / "sub/list.csv"));
+        auto* asked = new QTimer(&dialog());
+        QObject::connect(asked, &QTimer::timeout, asked, [asked] {
+            auto* question = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget());
+            if (question == nullptr) return;
+            asked->stop();
+            QTest::mouseClick(question->button(QMessageBox::Yes), Qt::LeftButton);
+        });
+        asked->start(1);
+        QTest::mouseClick(button("Save"), Qt::LeftButton);
+    });
+    EXPECT_EQ(path, root / "sub/list.csv");
+}
+
 TEST_F(PanelsTest, EndWithTheWindowAndDuringTheSearch) {
     auto mayEnd = std::make_shared<std::latch>(1);
     auto hasEnded = std::make_shared<std::latch>(2);  // of both searches

@@ -47,6 +47,7 @@ public:
     const QString& path() const { return path_; }
 
     void accept() override {
+        if (isAsking_) return;  // whether to replace a file
         judge();
         if (!button_->isEnabled()) return;
         if (!isOnTheWay() && !check_.isAnswered()) {
@@ -60,10 +61,11 @@ public:
             if (view->selectionModel() != nullptr) view->selectionModel()->clearSelection();
         }
         const QPointer<Panel> self = this;
+        isAsking_ = true;
         QFileDialog::accept();  // enters a folder, asks before it replaces a file
-        if (self != nullptr && result() == QDialog::Accepted) {
-            lastFolder() = QFileInfo(path_).absolutePath();
-        }
+        if (self == nullptr) return;
+        isAsking_ = false;
+        if (result() == QDialog::Accepted) lastFolder() = QFileInfo(path_).absolutePath();
     }
 
 private:
@@ -149,7 +151,23 @@ private:
     /// What waits to be accepted is what was chosen then, nothing later.
     void choiceChanged() {
         isWaiting_ = false;
+        keepPath();
         judge();
+    }
+
+    /// Qt puts the bare name in place of the path of a file that it finds, if it thinks that the
+    /// user is not in the field: that would be a file in another folder.
+    void keepPath() {
+        const QString name = nameField().text();
+        const bool isCutPath =
+            name_.contains(QLatin1Char('/')) && name == name_.section(QLatin1Char('/'), -1);
+        const bool isByUser =
+            nameField().hasFocus() || qobject_cast<QAbstractItemView*>(focusWidget()) != nullptr;
+        if (isCutPath && !name.isEmpty() && !isByUser) {
+            nameField().setText(name_);  // comes back here
+        } else {
+            name_ = name;
+        }
     }
 
     void takeAnswer() {
@@ -163,6 +181,8 @@ private:
     QLabel* refusal_ = nullptr;
     QPushButton* button_ = nullptr;
     bool isWaiting_ = false;  // to be accepted once the answer is known
+    bool isAsking_ = false;
+    QString name_;  // of the field, at its last change
     QString path_;
     EncodingCheck check_;
 };

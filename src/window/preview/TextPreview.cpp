@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/preview/TextPreview.h"
 
+#include <QShortcut>
 #include <utility>
 
 #include "toolkit/look/ColorRole.h"
@@ -36,6 +37,9 @@ TextPreview::TextPreview(QWidget* parent)
     });
     findBar_->hide();
     finder_ = std::make_unique<TextFinder>(*textOutputTextView_, *findBar_);
+    auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
+    escape->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(escape, &QShortcut::activated, this, [this] { finder_->close(); });
 }
 
 TextPreview::~TextPreview() = default;
