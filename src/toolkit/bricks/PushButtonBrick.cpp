@@ -26,6 +26,7 @@ void PushButtonBrick::setGlyph(Glyph glyph, const QString& name) {
     setButtonRole(this, ButtonRole::glyph);
     setControlSize(this, ControlSize::mini);  // for the corners
     setAccessibleName(name);
+    setAccessibleDescription(name);  // or it would be the tool tip with its markup
     setToolTip(toolTipText(name));
 }
 
