@@ -2,11 +2,9 @@
 #include <gmock/gmock.h>
 
 #include <atomic>
-#include <condition_variable>
 #include <functional>
 #include <latch>
 #include <memory>
-#include <mutex>
 #include <string>
 #include <thread>
 #include <vector>
@@ -15,12 +13,14 @@
 #include "metadata/MetadataStorage.h"
 #include "platform/DateFormatter.h"
 #include "platform/MainQueue.h"
-#include "platform/Path.h"
-#include "platform/ReadFailures.h"
 #include "platform/Surroundings.h"
+#include "support/GatedExtraction.h"
+#include "support/NodeAt.h"
 
 namespace marquell::metadata {
 namespace {
+
+using tests::nodeAt;
 
 using pipeline::Node;
 using testing::ElementsAre;
@@ -66,16 +66,6 @@ protected:
     void SetUp() override {
         MetadataStorage::shared().clear();
         platform::MainQueue::install(&mainQueue);
-        // Of a file that isn't there extraction tells, which shows when it ran.
-        platform::setReadFailureListener([this](std::string_view path, const std::error_code&) {
-            if (path == "/gate") {
-                gateReached.count_down();
-                gateOpened.wait();
-            }
-            const std::lock_guard lock(mutex_);
-            extracted_.emplace_back(path);
-            changed_.notify_all();
-        });
     }
     void TearDown() override {
         coordinator.reset();
@@ -85,13 +75,7 @@ protected:
         DataCoordinator::shared().retrieveDataAsynchronously(last, MetadataSource::basic);
         drainUntilTold(*cell);
         platform::MainQueue::install(nullptr);
-        platform::setReadFailureListener({});
         MetadataStorage::shared().clear();
-    }
-
-    static std::shared_ptr<Node> nodeAt(const std::string& path) {
-        pipeline::NodeArena arena;
-        return arena.make<pipeline::FileNode>(platform::lastPathComponent(path), path, {});
     }
 
     std::shared_ptr<Node> fileOf(const std::string& content) const {
@@ -112,7 +96,7 @@ protected:
     /// Keeps the thread of a coordinator busy, so that requests wait.
     void closeGate(DataCoordinator& of) {
         of.retrieveDataAsynchronously(nodeAt("/gate"), MetadataSource::basic);
-        gateReached.wait();
+        extraction.gateReached.wait();
     }
 
     void drainUntilTold(const Cell& cell) {
@@ -120,22 +104,12 @@ protected:
     }
 
     /// Waits for so many extractions of missing files and returns their paths in order.
-    Paths extracted(std::size_t count) {
-        std::unique_lock lock(mutex_);
-        changed_.wait(lock, [&] { return extracted_.size() >= count; });
-        return extracted_;
-    }
+    Paths extracted(std::size_t count) { return extraction.extracted(count); }
 
     tests::TemporaryFolder folder;
     AwaitedMainQueue mainQueue;
-    std::latch gateReached{1};
-    std::latch gateOpened{1};
+    tests::GatedExtraction extraction;
     std::unique_ptr<DataCoordinator> coordinator = std::make_unique<DataCoordinator>();
-
-private:
-    std::mutex mutex_;
-    std::condition_variable changed_;
-    Paths extracted_;
 };
 
 TEST_F(DataCoordinatorTest, TwoColumnsOfOneSourceRunItOnceAndShareTheSignal) {
@@ -145,7 +119,7 @@ TEST_F(DataCoordinatorTest, TwoColumnsOfOneSourceRunItOnceAndShareTheSignal) {
     const auto size = cellOf(*node, "size");
     EXPECT_EQ(node->getDisplayString("size_in_kb").kind, Kind::notRetrievedYet);
     const auto kb = cellOf(*node, "size_in_kb");
-    gateOpened.count_down();
+    extraction.gateOpened.count_down();
     drainUntilTold(*size);
     EXPECT_EQ(mainQueue.posts, 1);
     EXPECT_EQ(kb->updates, 1);
@@ -273,7 +247,7 @@ TEST_F(DataCoordinatorTest, WaitingRequestsGoByInterestAndThenTheNewestFirst) {
     request(first);  // again: now the newest
     const auto cell = cellOf(*awaited);
     cellOf(*abandoned);
-    gateOpened.count_down();
+    extraction.gateOpened.count_down();
     EXPECT_THAT(extracted(5), ElementsAre("/gate", "/awaited", "/first", "/third", "/second"));
     EXPECT_FALSE(
         MetadataStorage::shared().isRetrieved(abandoned->pathKey(), MetadataSource::basic));
@@ -288,7 +262,7 @@ TEST_F(DataCoordinatorTest, ACellThatComesBackIntoViewIsServed) {
     request(node);
     cellOf(*node);
     request(node);
-    gateOpened.count_down();
+    extraction.gateOpened.count_down();
     EXPECT_THAT(extracted(3), ElementsAre("/gate", "/scrolled", "/last"));
     const auto cell = cellOf(*node);
     drainUntilTold(*cell);

@@ -9,14 +9,12 @@
 #include "pipeline/Node.h"
 #include "platform/Path.h"
 #include "platform/Surroundings.h"
+#include "support/NodeAt.h"
 
 namespace marquell::pipeline {
 namespace {
 
-std::shared_ptr<Node> nodeAt(const std::string& path, std::string_view relativePath = {}) {
-    NodeArena arena;
-    return arena.make<FileNode>(platform::lastPathComponent(path), path, relativePath);
-}
+using tests::nodeAt;
 
 struct PathForms {
     std::string absolutePath;

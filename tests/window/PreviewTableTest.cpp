@@ -5,9 +5,7 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <algorithm>
-#include <latch>
 #include <memory>
-#include <mutex>
 #include <set>
 #include <string>
 #include <vector>
@@ -15,16 +13,18 @@
 #include "metadata/DataCoordinator.h"
 #include "metadata/MetadataStorage.h"
 #include "platform/MainQueue.h"
-#include "platform/Path.h"
-#include "platform/ReadFailures.h"
 #include "platform/Surroundings.h"
 #include "shell/EventLoop.h"
+#include "support/GatedExtraction.h"
+#include "support/NodeAt.h"
 #include "toolkit/layout/LayoutRoot.h"
 #include "window/preview/PreviewTableCellView.h"
 #include "window/preview/PreviewTableViewController.h"
 
 namespace marquell::window {
 namespace {
+
+using tests::nodeAt;
 
 using metadata::DataCoordinator;
 using metadata::MetadataSource;
@@ -35,11 +35,6 @@ using testing::IsEmpty;
 using toolkit::ColorRole;
 using toolkit::RowRange;
 using State = PreviewTableCellView::State;
-
-std::shared_ptr<Node> nodeAt(const std::string& path) {
-    pipeline::NodeArena arena;
-    return arena.make<pipeline::FileNode>(platform::lastPathComponent(path), path, {});
-}
 
 std::shared_ptr<const FlatFileList> listOf(const std::vector<std::string>& paths) {
     auto list = std::make_shared<FlatFileList>();
@@ -58,15 +53,6 @@ protected:
     PreviewTableTest() {
         metadata::MetadataStorage::shared().clear();
         platform::MainQueue::install(&mainQueue);
-        // Of a file that isn't there extraction tells, which shows when it ran.
-        platform::setReadFailureListener([this](std::string_view path, const std::error_code&) {
-            if (path == "/gate") {
-                gateReached.count_down();
-                gateOpened.wait();
-            }
-            const std::lock_guard lock(mutex_);
-            extracted_.emplace(path);
-        });
         setColumns({"name", "size"});
         controller = toolkit::makeController<PreviewTableViewController>(model);
         toolkit::LayoutRoot::install(controller->view());
@@ -79,7 +65,6 @@ protected:
         const auto cell = cellOf(last, "size");
         settleUntil([&] { return cell->state != State::waiting; });
         platform::MainQueue::install(nullptr);
-        platform::setReadFailureListener({});
         metadata::MetadataStorage::shared().clear();
     }
 
@@ -99,7 +84,7 @@ protected:
     void closeGate() {
         DataCoordinator::shared().retrieveDataAsynchronously(nodeAt("/gate"),
                                                              MetadataSource::basic);
-        gateReached.wait();
+        extraction.gateReached.wait();
     }
 
     static std::shared_ptr<PreviewTableCellView> cellOf(const std::shared_ptr<Node>& node,
@@ -127,22 +112,17 @@ protected:
         return rows;
     }
     std::set<std::string> extracted() {
-        const std::lock_guard lock(mutex_);
-        return extracted_;
+        const auto paths = extraction.extracted();
+        return {paths.begin(), paths.end()};
     }
 
     platform::PumpedMainQueue mainQueue;
     tests::TemporaryFolder folder;
-    std::latch gateReached{1};
-    std::latch gateOpened{1};
+    tests::GatedExtraction extraction;
     std::shared_ptr<platform::UserDefaults> defaults = platform::UserDefaults::open(
         folder / "settings.json", [](const std::string& problem) { FAIL() << problem; });
     pipeline::DataModel model{defaults};
     std::unique_ptr<PreviewTableViewController> controller;
-
-private:
-    std::mutex mutex_;
-    std::set<std::string> extracted_;
 };
 
 TEST_F(PreviewTableTest, AValueThatArrivesReplacesThePlaceholder) {
@@ -155,7 +135,7 @@ TEST_F(PreviewTableTest, AValueThatArrivesReplacesThePlaceholder) {
     EXPECT_EQ(textAt(0, 1), QStringLiteral("waiting…"));
     const QSignalSpy resets(table().model(), &QAbstractItemModel::modelReset);
     const QSignalSpy layouts(table().model(), &QAbstractItemModel::layoutChanged);
-    gateOpened.count_down();
+    extraction.gateOpened.count_down();
     settleUntil([this] { return textAt(1, 1) == QStringLiteral("n/a"); });
     EXPECT_EQ(textAt(0, 1), QStringLiteral("5 bytes"));
     EXPECT_NE(table().grab().toImage(), waiting);
@@ -175,7 +155,7 @@ TEST_F(PreviewTableTest, CellsTellTheirStateByColour) {
     EXPECT_EQ(rolesOf(*cell), std::pair(ColorRole::waitingText, ColorRole::selectionSecondaryText));
     bool changed = false;
     cell->onChange = [&changed] { changed = true; };
-    gateOpened.count_down();
+    extraction.gateOpened.count_down();
     settleUntil([&changed] { return changed; });
     EXPECT_EQ(cell->state, State::empty);
     EXPECT_EQ(rolesOf(*cell),
@@ -196,7 +176,7 @@ TEST_F(PreviewTableTest, ACellWaitsOnceMoreForValuesThatWereCleared) {
     metadata::MetadataStorage::shared().clear();
     mainQueue.drain();
     EXPECT_EQ(cell->state, State::waiting);
-    gateOpened.count_down();
+    extraction.gateOpened.count_down();
     settleUntil([&cell] { return cell->state == State::present; });
     EXPECT_EQ(cell->nameLabel.text, QStringLiteral("5 bytes"));
 }
@@ -210,7 +190,7 @@ TEST_F(PreviewTableTest, ACellThatHasGoneKeepsNothingAlive) {
     node.reset();
     cell.reset();
     EXPECT_TRUE(weakCell.expired());
-    gateOpened.count_down();
+    extraction.gateOpened.count_down();
     settleUntil([&weakNode] { return weakNode.expired(); });
     EXPECT_FALSE(extracted().contains("/missing"));
 }
