@@ -20,11 +20,36 @@ constexpr FormatName formatNames[] = {
     {PasteboardType::string, QLatin1StringView("text/plain;charset=utf-8")},
 };
 
+/// The bytes as they are. The array counts its copies: while there are others, writing into one
+/// copies the bytes first.
+QByteArray arrayOver(std::string_view bytes) {
+    // An array with a counter of its own and the bytes of another: QByteArray::fromRawData has no
+    // counter, and so nobody could tell when its last copy is gone.
+    const auto [counter, unused] = QTypedArrayData<char>::allocate(1);
+    static_cast<void>(unused);
+    return QByteArray(QByteArray::DataPointer(counter, const_cast<char*>(bytes.data()),
+                                              static_cast<qsizetype>(bytes.size())));
+}
+
 }  // namespace
+
+Utf8MimeData::~Utf8MimeData() {
+    // The desktop sends a text piece by piece and goes on after there is another one to offer.
+    for (Offer& offer : offers_) {
+        if (offer.text.use_count() == 1) stillRead().push_back(std::move(offer.text));
+    }
+    std::erase_if(stillRead(), [](const auto& text) { return text->bytes.isDetached(); });
+}
+
+Utf8MimeData::Texts& Utf8MimeData::stillRead() {
+    // The desktop's clipboard lets go of its offer after all else has gone.
+    static Texts& texts = *new Texts;
+    return texts;
+}
 
 void Utf8MimeData::offer(PasteboardType type, std::shared_ptr<const void> owner,
                          std::string_view bytes) {
-    offers_.push_back({type, std::move(owner), bytes});
+    offers_.push_back({type, std::make_shared<Text>(Text{std::move(owner), arrayOver(bytes)})});
 }
 
 void Utf8MimeData::offerFrom(const Utf8MimeData& other, PasteboardType type) {
@@ -47,9 +72,9 @@ QVariant Utf8MimeData::retrieveData(const QString& format, QMetaType preferredTy
     if (known == std::end(formatNames)) return {};
     const auto found = std::ranges::find(offers_, known->type, &Offer::type);
     if (found == offers_.end()) return {};
-    const QByteArrayView bytes(found->bytes.data(), static_cast<qsizetype>(found->bytes.size()));
+    const QByteArray& bytes = found->text->bytes;
     if (preferredType == QMetaType::fromType<QString>()) return QString::fromUtf8(bytes);
-    return bytes.toByteArray();  // a copy, as readers may keep it for longer than we last
+    return bytes;
 }
 
 }  // namespace marquell::shell

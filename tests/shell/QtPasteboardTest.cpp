@@ -63,20 +63,31 @@ TEST_F(QtPasteboardTest, OffersWhatHasDataWithTheBestFirst) {
     EXPECT_EQ(bytes("text/tab-separated-values").toStdString(), text->view());
 }
 
-TEST_F(QtPasteboardTest, LeavesALargeTextWhereItIs) {
-    auto large = std::make_shared<platform::TextBuffer>();
-    const std::string row(1000, 'x');
-    for (int i = 0; i < 100'000; ++i) large->append(row);
-    pasteboard.clearContents();
+TEST_F(QtPasteboardTest, GivesReadersTheTextItselfForAsLongAsTheyWant) {
+    auto text = textOf("text");
+    const char* const place = text->view().data();
+    const std::weak_ptr<const platform::TextBuffer> watched = text;
+    const auto replace = [this](std::string_view by) {
+        pasteboard.clearContents();
+        pasteboard.declareTypes({PasteboardType::string});
+        pasteboard.setData(PasteboardType::string, textOf(by));
+    };
     pasteboard.declareTypes({PasteboardType::tabularText, PasteboardType::string});
-    pasteboard.setData(PasteboardType::tabularText, large);
-    pasteboard.setData(PasteboardType::string, large);
-    EXPECT_EQ(bytes("text/plain").size(), 100'000'000);
-    const std::weak_ptr<platform::TextBuffer> watched = large;
-    large.reset();
-    EXPECT_FALSE(watched.expired()) << "the clipboard has no copy of its own";
-    QGuiApplication::clipboard()->setText(QStringLiteral("of another"));
+    pasteboard.setData(PasteboardType::tabularText, text);
+    pasteboard.setData(PasteboardType::string, text);
+    text.reset();
+    QByteArray read = bytes("text/plain");
+    QByteArray changed = bytes("text/tab-separated-values");
+    EXPECT_EQ(read.constData(), place);
+    EXPECT_EQ(changed.constData(), place);
+    changed[0] = 'n';
+    replace("other");
+    EXPECT_EQ(read, QByteArray("text"));
+    EXPECT_EQ(read.constData(), place) << "not moved, nor changed by the other reader";
+    read.clear();
+    replace("third");
     EXPECT_TRUE(watched.expired());
+    EXPECT_EQ(bytes("text/plain"), QByteArray("third"));
 }
 
 }  // namespace

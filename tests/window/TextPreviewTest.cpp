@@ -194,6 +194,20 @@ TEST_F(TextPreviewTest, NothingIsShownInAnotherOrderThanItIsWritten) {
     EXPECT_GT(view.characterRect(1).width(), 6 * view.characterRect(0).width()) << "a mark";
 }
 
+TEST_F(TextPreviewTest, ATabIsSeenAndEndsAtAStop) {
+    preview.showText(lined("\t\n"));
+    const QRect first = view.characterRect(0);
+    for (std::size_t before = 1; before < 60; ++before) {
+        preview.showText(lined(std::string(before, 'x') + "\t."));
+        const QRect tab = view.characterRect(before);
+        // Stops may lie between px.
+        const double stops = (tab.left() + tab.width() - first.left()) / double(first.width());
+        EXPECT_NEAR(stops, std::round(stops), 0.1) << before;
+        EXPECT_GE(2 * tab.width() + 1, view.characterRect(0).width()) << before;
+        EXPECT_EQ(view.characterRect(before + 1).left(), tab.left() + tab.width());
+    }
+}
+
 TEST_F(TextPreviewTest, FindsPlacesInALineOfAnyLength) {
     std::mt19937 random(2);
     const std::string_view pieces[] = {

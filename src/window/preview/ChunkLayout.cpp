@@ -2,134 +2,111 @@
 #include "window/preview/ChunkLayout.h"
 
 #include <algorithm>
-#include <numeric>
+#include <utility>
 
 #include "toolkit/look/VisibleText.h"
 
 namespace marquell::window {
 namespace {
 
-constexpr char32_t leftToRightMark = 0x200e;
-constexpr double endlessWidth = 1e7;  // px; a chunk can't be as wide
+constexpr std::size_t enoughForPiece = 16;  // bytes
 
-bool isRightToLeft(char32_t character) {
-    const QChar::Direction direction = QChar::direction(character);
-    return direction == QChar::DirR || direction == QChar::DirAL;
-}
-
-/// What stands between values keeps them in their order, also where those on both sides of it are
-/// written from right to left.
-bool standsBetweenFields(char32_t character) {
-    constexpr std::u32string_view signs = U"\"',;";
-    return signs.find(character) != std::u32string_view::npos;
-}
-
-/// Makes the units a part of the last range if they follow it.
-void addUnits(QList<QTextLayout::FormatRange>& ranges, qsizetype start, qsizetype length,
-              const QTextCharFormat& format) {
-    if (!ranges.isEmpty() && ranges.last().start + ranges.last().length == start) {
-        ranges.last().length += static_cast<int>(length);
-    } else {
-        ranges.append({static_cast<int>(start), static_cast<int>(length), format});
+/// Where the piece ends that begins at `start`. Tabs are on their own; other pieces end where a
+/// mark comes, as that neither joins what is beside it nor lets writing from right to left pass.
+std::size_t pieceEnd(std::string_view text, std::size_t start) {
+    if (text[start] == '\t') return start + 1;
+    std::size_t at = start;
+    while (at < text.size() && text[at] != '\t') {
+        const auto [character, length] = firstOf(text.substr(at));
+        if (at - start >= enoughForPiece && toolkit::isInvisible(character)) break;
+        at += length;
     }
+    return at;
+}
+
+/// The last piece that begins at a place or before it, else the first.
+template <typename Pieces, typename Place, typename Projection>
+const auto& pieceAt(const Pieces& pieces, const Place& place, Projection projection) {
+    const auto behind = std::ranges::upper_bound(pieces, place, {}, projection);
+    return behind == pieces.begin() ? pieces.front() : *std::prev(behind);
 }
 
 }  // namespace
 
-ChunkLayout::ChunkLayout(std::string_view text, const PageMeasure& measure, const Colors& colors)
-    : textColor_(colors.text), markColor_(colors.marks) {
-    QList<QTextLayout::FormatRange> marks;
-    addText(text, marks);
-    layOut(measure, marks);
+ChunkLayout::ChunkLayout(std::string_view text, const PageMeasure& measure,
+                         const TextColors& colors)
+    : text_(text), measure_(measure), colors_(colors) {
+    for (std::size_t start = 0; start < text.size(); start = pieces_.back().bytes.end) {
+        addPiece({start, pieceEnd(text, start)});
+    }
 }
 
-void ChunkLayout::addText(std::string_view text, QList<QTextLayout::FormatRange>& marks) {
-    QTextCharFormat markFormat;
-    if (markColor_.isValid()) markFormat.setForeground(markColor_);
-    forEachCodePoint(text, [&](char32_t character, std::size_t, std::size_t length) {
-        if (character == U'\t' || !toolkit::isInvisible(character)) {
-            shown_.add(character, length);
-            hasRightToLeft_ = hasRightToLeft_ || isRightToLeft(character);
-            if (hasRightToLeft_ && standsBetweenFields(character)) shown_.add(leftToRightMark, 0);
-            return;
-        }
-        const qsizetype start = shown_.text().size();
-        shown_.add(toolkit::visibleMark(character), length);
-        addUnits(marks, start, shown_.text().size() - start, markFormat);
-    });
+void ChunkLayout::addPiece(const TextRange& bytes) {
+    const Piece& piece = pieces_.emplace_back(Piece{bytes, width_, 0, nullptr});
+    const TextAdvances& advances = measure_.advances;
+    if (isTab(piece)) {
+        width_ = advances.behindTab(width_);
+    } else {
+        const std::string_view text = textOf(piece);
+        width_ += advances.isExactFor(text) ? advances.widthOf(text) : layoutOf(piece).width();
+    }
+    pieces_.back().width = width_ - piece.x;
 }
 
-void ChunkLayout::layOut(const PageMeasure& measure, const QList<QTextLayout::FormatRange>& marks) {
-    QTextOption option;
-    option.setTextDirection(Qt::LeftToRight);
-    option.setWrapMode(QTextOption::NoWrap);
-    option.setTabStopDistance(measure.tabDistance);
-    layout_.setText(shown_.text());
-    layout_.setFont(measure.font);
-    layout_.setTextOption(option);
-    layout_.setFormats(marks);
-    layout_.beginLayout();
-    line_ = layout_.createLine();
-    if (line_.isValid()) line_.setLineWidth(endlessWidth);
-    layout_.endLayout();
+std::string_view ChunkLayout::textOf(const Piece& piece) const {
+    return text_.substr(piece.bytes.start, piece.bytes.length());
 }
 
-double ChunkLayout::width() const { return line_.isValid() ? line_.horizontalAdvance() : 0; }
+const TextPiece& ChunkLayout::layoutOf(const Piece& piece) const {
+    if (piece.layout == nullptr) {
+        piece.layout = std::make_unique<TextPiece>(textOf(piece), measure_, colors_);
+    }
+    return *piece.layout;
+}
 
 double ChunkLayout::xOf(std::size_t offset) const {
-    return line_.isValid() ? line_.cursorToX(static_cast<int>(shown_.unitOf(offset))) : 0;
-}
-
-/// The unit that begins nearest to `x`; of several the last, since those before it are but parts of
-/// characters. QTextLine::xToCursor jumps over pictures that are joined in a font that can't join.
-int ChunkLayout::unitAt(double x) const {
-    const auto end = static_cast<int>(shown_.text().size());
-    const auto lastUpTo = [&](double most) {
-        int last = 0;
-        for (int behind = end + 1; behind - last > 1;) {
-            const int middle = std::midpoint(last, behind);
-            (line_.cursorToX(middle) <= most ? last : behind) = middle;
-        }
-        return last;
-    };
-    const int left = lastUpTo(x);
-    if (left == end) return left;
-    const int right = lastUpTo(line_.cursorToX(left + 1));
-    return x - line_.cursorToX(left) < line_.cursorToX(right) - x ? left : right;
+    if (pieces_.empty()) return 0;
+    const Piece& piece =
+        pieceAt(pieces_, offset, [](const Piece& each) { return each.bytes.start; });
+    if (isTab(piece)) return offset == piece.bytes.start ? piece.x : piece.x + piece.width;
+    return piece.x + layoutOf(piece).xOf(offset - piece.bytes.start);
 }
 
 std::size_t ChunkLayout::offsetAt(double x) const {
-    if (!line_.isValid()) return 0;
-    const qsizetype unit = hasRightToLeft_ ? line_.xToCursor(x) : unitAt(x);
-    const std::size_t offset = shown_.offsetOf(unit);
-    if (unit == shown_.unitOf(offset)) return offset;
-    // Within a mark, which counts as one.
-    qsizetype behind = unit;
-    while (behind < shown_.text().size() && shown_.offsetOf(behind) == offset) ++behind;
-    const std::size_t next = shown_.offsetOf(behind);
-    return x - xOf(offset) < xOf(next) - x ? offset : next;
+    if (pieces_.empty()) return 0;
+    const Piece& piece = pieceAt(pieces_, x, &Piece::x);
+    const double inPiece = x - piece.x;
+    if (isTab(piece)) return inPiece < piece.width / 2 ? piece.bytes.start : piece.bytes.end;
+    return piece.bytes.start + layoutOf(piece).offsetAt(inPiece);
 }
 
-std::vector<ChunkLayout::Span> ChunkLayout::spansOf(const TextRange& range) const {
-    if (!line_.isValid() || range.isEmpty()) return {};
-    const auto first = static_cast<int>(shown_.unitOf(range.start));
-    const auto end = static_cast<int>(shown_.unitOf(range.end));
-    if (!hasRightToLeft_) return {{line_.cursorToX(first), line_.cursorToX(end)}};
+std::vector<Span> ChunkLayout::spansOf(const TextRange& range) const {
     std::vector<Span> spans;
-    for (const QGlyphRun& glyphs : line_.glyphRuns(first, end - first)) {
-        spans.push_back({glyphs.boundingRect().left(), glyphs.boundingRect().right()});
-    }
-    for (int unit = first; unit < end; ++unit) {  // tabs have no glyph, and are from left to right
-        const bool isTab = shown_.text().at(unit) == u'\t';
-        if (isTab) spans.push_back({line_.cursorToX(unit), line_.cursorToX(unit + 1)});
+    for (const Piece& piece : pieces_) {
+        const std::size_t start = std::max(range.start, piece.bytes.start);
+        const std::size_t end = std::min(range.end, piece.bytes.end);
+        if (start >= end) continue;
+        if (end - start == piece.bytes.length()) {
+            spans.push_back({piece.x, piece.x + piece.width});
+            continue;
+        }
+        const std::size_t base = piece.bytes.start;
+        for (const Span& span : layoutOf(piece).spansOf({start - base, end - base})) {
+            spans.push_back({piece.x + span.left, piece.x + span.right});
+        }
     }
     return spans;
 }
 
-void ChunkLayout::draw(QPainter& painter, const QPointF& start) const {
-    if (!line_.isValid()) return;
-    painter.setPen(textColor_);
-    line_.draw(&painter, start - QPointF(0, line_.ascent()));
+void ChunkLayout::draw(QPainter& painter, const QPointF& start, const Span& inView) const {
+    for (const Piece& piece : pieces_) {
+        const double left = start.x() + piece.x;
+        const double overhang = measure_.rowHeight;  // and more than that, of any letter
+        const bool isInView =
+            left - overhang < inView.right && left + piece.width + overhang > inView.left;
+        if (!isInView || isTab(piece)) continue;
+        layoutOf(piece).draw(painter, QPointF(left, start.y()));
+    }
 }
 
 }  // namespace marquell::window

@@ -37,7 +37,10 @@ bool isPlain(char byte) { return byte >= 0x20 && byte < 0x7f; }
 }  // namespace
 
 TextAdvances::TextAdvances(const QFont& font, double tabDistance)
-    : font_(font), tabDistance_(tabDistance), pitch_(pitchOf(font_)) {}
+    : font_(font),
+      tabDistance_(tabDistance),
+      leastTab_(font_.horizontalAdvance(QLatin1Char(' ')) / 2),
+      pitch_(pitchOf(font_)) {}
 
 double TextAdvances::widthOf(std::string_view text) const {
     double x = 0;
@@ -52,16 +55,23 @@ double TextAdvances::widthOf(std::string_view text) const {
         } else {
             x += static_cast<double>(std::exchange(plain, 0)) * pitch_;
             const auto [character, length] = firstOf(text.substr(at));
-            x = behind(character, x);
+            x = character == U'\t' ? behindTab(x) : x + advanceOf(character);
             at += length;
         }
     }
     return x + static_cast<double>(plain) * pitch_;
 }
 
-double TextAdvances::behind(char32_t character, double x) const {
-    if (character != U'\t') return x + advanceOf(character);
-    return (std::floor(x / tabDistance_) + 1) * tabDistance_;
+bool TextAdvances::isExactFor(std::string_view text) const {
+    bool isExact = pitch_ > 0;
+    forEachCodePoint(text, [&isExact](char32_t character, std::size_t, std::size_t) {
+        isExact = isExact && (character < 0x80 || toolkit::isInvisible(character));
+    });
+    return isExact;
+}
+
+double TextAdvances::behindTab(double x) const {
+    return (std::floor((x + leastTab_) / tabDistance_) + 1) * tabDistance_;
 }
 
 double TextAdvances::advanceOf(char32_t character) const {

@@ -18,13 +18,19 @@ public:
     /// Of a piece of UTF-8 text without breaks. Its tabs count from its own start.
     double widthOf(std::string_view text) const;
 
+    /// Whether text without tabs is certain to be laid out as wide.
+    bool isExactFor(std::string_view text) const;
+
+    /// The stop that a tab at `x` goes to. One that is too near for a gap to be seen is passed.
+    double behindTab(double x) const;
+
 private:
-    double behind(char32_t character, double x) const;
     double advanceOf(char32_t character) const;
     double measuredAdvanceOf(char32_t character) const;
 
     QFontMetricsF font_;
     double tabDistance_;
+    double leastTab_;
     double pitch_;                         // of all printable ASCII characters, 0 if they differ
     mutable std::vector<float> advances_;  // by code point, negative: not asked for yet
 };

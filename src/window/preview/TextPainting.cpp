@@ -15,19 +15,20 @@ using toolkit::ColorRole;
 /// Paints the rows of a page one after the other.
 class PagePainter {
 public:
-    PagePainter(QPainter& painter, const TextPage& page, const QWidget* view)
+    PagePainter(QPainter& painter, const TextPage& page, const QRect& area, const QWidget* view)
         : painter_(painter),
           page_(page),
+          inView_{static_cast<double>(area.left()), area.right() + 1.0},
           measure_(page.geometry.measure()),
           view_(view),
           plain_{roleColor(ColorRole::text), roleColor(ColorRole::secondaryText)},
           selected_{roleColor(ColorRole::selectionText),
                     roleColor(ColorRole::selectionSecondaryText)} {}
 
-    void paintRow(std::size_t line, const QRect& area) {
+    void paintRow(std::size_t line) {
         const int top = page_.topOf(line);
         const double origin = measure_.margin - page_.scrolledX;
-        page_.geometry.forEachChunk(line, area.left() - origin, area.right() + 1 - origin,
+        page_.geometry.forEachChunk(line, inView_.left - origin, inView_.right - origin,
                                     [&](const TextRange& range, double x) {
                                         return paintChunk(range, QPointF(origin + x, top));
                                     });
@@ -37,7 +38,7 @@ public:
     void paintCaret(std::size_t offset) { painter_.fillRect(page_.caretRect(offset), plain_.text); }
 
 private:
-    using Spans = std::vector<ChunkLayout::Span>;
+    using Spans = std::vector<Span>;
 
     QColor roleColor(ColorRole role) const { return toolkit::color(role, view_); }
 
@@ -57,7 +58,7 @@ private:
         return layout.width();
     }
 
-    ChunkLayout layoutIn(const ChunkLayout::Colors& colors, const TextRange& range) const {
+    ChunkLayout layoutIn(const TextColors& colors, const TextRange& range) const {
         const auto piece = page_.geometry.text().text().substr(range.start, range.length());
         return {piece, measure_, colors};
     }
@@ -71,7 +72,7 @@ private:
 
     void drawText(const ChunkLayout& layout, const QPointF& topLeft) {
         const QPointF baseline = topLeft + QPointF(0, measure_.baseline);
-        layout.draw(painter_, toolkit::snapped(painter_, baseline));
+        layout.draw(painter_, toolkit::snapped(painter_, baseline), inView_);
     }
 
     template <typename Paint>
@@ -104,7 +105,7 @@ private:
 
     QRegion regionOf(const Spans& spans, const QPointF& topLeft) const {
         QRegion region;
-        for (const ChunkLayout::Span& span : spans) {
+        for (const Span& span : spans) {
             const int left = px(topLeft.x() + span.left);
             region += QRect(left, px(topLeft.y()), px(topLeft.x() + span.right) - left,
                             measure_.rowHeight);
@@ -133,10 +134,11 @@ private:
 
     QPainter& painter_;
     const TextPage& page_;
+    const Span inView_;
     const PageMeasure& measure_;
     const QWidget* view_;
-    const ChunkLayout::Colors plain_;
-    const ChunkLayout::Colors selected_;
+    const TextColors plain_;
+    const TextColors selected_;
 };
 
 }  // namespace
@@ -160,11 +162,11 @@ void paintTextPage(QPainter& painter, const TextPage& page, const QRect& area,
                    const QWidget* view) {
     painter.fillRect(area, toolkit::color(ColorRole::page, view));
     const std::size_t lineCount = page.geometry.text().lineCount();
-    PagePainter rows(painter, page, view);
+    PagePainter rows(painter, page, area, view);
     for (std::size_t line = page.firstLine - std::min<std::size_t>(page.firstLine, 1);
          line < lineCount && page.topOf(line) <= area.bottom(); ++line) {
         const bool isAbove = page.topOf(line) + page.geometry.measure().rowHeight <= area.top();
-        if (!isAbove) rows.paintRow(line, area);
+        if (!isAbove) rows.paintRow(line);
     }
     if (page.caret) rows.paintCaret(*page.caret);
 }
