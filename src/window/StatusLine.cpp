@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/StatusLine.h"
 
-#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QFontMetricsF>
 #include <QPainter>
 #include <algorithm>
+#include <chrono>
 #include <vector>
 
 #include "toolkit/bricks/CutTextToolTip.h"
@@ -15,7 +16,32 @@
 namespace marquell::window {
 namespace {
 
+using namespace std::chrono_literals;
+
 constexpr QChar ellipsis(0x2026);
+
+class StatusLineAccessible : public QAccessibleWidget {
+public:
+    explicit StatusLineAccessible(StatusLine& line)
+        : QAccessibleWidget(&line, QAccessible::StatusBar), line_(line) {}
+
+    QString text(QAccessible::Text part) const override {
+        return part == QAccessible::Name ? line_.text().trimmed() : QAccessibleWidget::text(part);
+    }
+
+private:
+    const StatusLine& line_;
+};
+
+QAccessibleInterface* accessibleOf(const QString& /*key*/, QObject* object) {
+    auto* line = dynamic_cast<StatusLine*>(object);
+    return line == nullptr ? nullptr : new StatusLineAccessible(*line);
+}
+
+void tellNewName(StatusLine* line) {
+    QAccessibleEvent change(line, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&change);
+}
 
 /// A stretch of text, or a digit, which takes the room of the widest one.
 struct Piece {
@@ -76,12 +102,16 @@ QString cut(const QString& text, const QFontMetricsF& font, double room) {
 
 StatusLine::StatusLine(QWidget* parent) : QWidget(parent) {
     toolkit::setFontRole(this, toolkit::FontRole::small);
+    QAccessible::installFactory(accessibleOf);  // which Qt does once
+    settled_.setSingleShot(true);
+    settled_.setInterval(1s);
+    connect(&settled_, &QTimer::timeout, this, [this] { tellNewName(this); });
 }
 
 void StatusLine::setText(const QString& text) {
     if (text == text_) return;
     text_ = text;
-    setAccessibleName(text.trimmed());
+    settled_.start();
     update();
 }
 

@@ -37,7 +37,7 @@ class GalleryTest(unittest.TestCase):
     def test_a_popup_tells_its_choice_and_its_label(self):
         gallery = self.open("Form")
         popup = until(lambda: gallery.find("combo box",
-                                           "By name and sequence number (from A to Z)"))
+                                           "First: By name and sequence number (from A to Z)"))
         labels = [relation.getTarget(0).name for relation in popup.getRelationSet()
                   if relation.getRelationType() == pyatspi.RELATION_LABELLED_BY]
         self.assertEqual(labels, ["First:"])

@@ -75,6 +75,11 @@ class WindowAccessTest(unittest.TestCase):
                     if item.getRoleName() in CONTROLS and not item.name
                     and item.getState().contains(pyatspi.STATE_SHOWING)]
         self.assertEqual(nameless, [])
+        self.assertIsNotNone(window.find("combo box", "Null values: Empty String"))
+        lines = [item for item in window.all() if item.getRoleName() == "status bar"]
+        self.assertEqual([bool(item.name) for item in lines], [True])
+        marked = [item.description for item in window.all() if "<" in item.description]
+        self.assertEqual(marked, [])
 
     def test_from_a_folder_to_a_saved_list(self):
         window = self.start()

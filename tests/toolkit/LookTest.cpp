@@ -25,6 +25,7 @@
 #include "toolkit/look/HouseStyle.h"
 #include "toolkit/look/Metrics.h"
 #include "toolkit/look/PlainText.h"
+#include "toolkit/look/StandardIcons.h"
 #include "toolkit/look/Surface.h"
 #include "toolkit/look/TextLine.h"
 
@@ -428,6 +429,22 @@ TEST_F(FocusRingTest, scrollsWithTheDocument) {
     area.verticalScrollBar()->setValue(0);
     button->setFocus(Qt::TabFocusReason);
     EXPECT_TRUE(hasRingAbout(QRect(20, 60, 100, 24)));
+}
+
+TEST(StandardIcons, FollowTheModeAndTheDirectionOfReading) {
+    const auto drawn = [](QStyle::StandardPixmap standard, Qt::LayoutDirection direction) {
+        return standardIconFor(standard, direction)->pixmap(32).toImage();
+    };
+    const QImage back = drawn(QStyle::SP_ArrowBack, Qt::LeftToRight);
+    const QImage mirrored = drawn(QStyle::SP_ArrowBack, Qt::RightToLeft);
+    EXPECT_GT(back.pixelColor(11, 16).alpha(), mirrored.pixelColor(11, 16).alpha()) << "its tip";
+    EXPECT_LT(back.pixelColor(20, 16).alpha(), mirrored.pixelColor(20, 16).alpha());
+    EXPECT_EQ(drawn(QStyle::SP_FileDialogToParent, Qt::RightToLeft),
+              drawn(QStyle::SP_FileDialogToParent, Qt::LeftToRight));
+    setSystemDark(true);
+    EXPECT_NE(drawn(QStyle::SP_ArrowBack, Qt::LeftToRight), back);
+    setSystemDark(false);
+    EXPECT_FALSE(standardIconFor(QStyle::SP_TrashIcon, Qt::LeftToRight));
 }
 
 }  // namespace

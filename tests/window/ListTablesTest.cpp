@@ -148,6 +148,12 @@ TEST_F(ListTables, ButtonOfARowRemovesIt) {
         << "the other rows stay selected";
     EXPECT_EQ(button("Remove /d"), nullptr);
     EXPECT_EQ(writes, 1);
+    QTest::mouseClick(button("Remove /b"), Qt::LeftButton);
+    EXPECT_THAT(selectionOf(table), ElementsAre(std::pair(0, 0), std::pair(2, 2)));
+    EXPECT_TRUE(table.hasFocus()) << "keys go on with what is selected";
+    table.selectRows({{2, 2}});
+    QTest::mouseClick(button("Remove /e"), Qt::LeftButton);
+    EXPECT_THAT(selectionOf(table), ElementsAre(std::pair(1, 1))) << "the last of the rest";
 }
 
 TEST_F(ListTables, KeyboardReachesTheButtonsAndStaysThere) {
@@ -155,12 +161,14 @@ TEST_F(ListTables, KeyboardReachesTheButtonsAndStaysThere) {
     table.setFocus(Qt::TabFocusReason);
     press(Qt::Key_Right);
     EXPECT_EQ(focused(), "Remove /a");
+    EXPECT_THAT(selectionOf(table), ElementsAre(std::pair(0, 0)));
     press(Qt::Key_Up);
     press(Qt::Key_Down);
     EXPECT_EQ(focused(), "Remove /b");
     EXPECT_THAT(selectionOf(table), ElementsAre(std::pair(1, 1)));
     press(Qt::Key_Space);
     EXPECT_EQ(focused(), "Remove /c") << "the button that is there now";
+    EXPECT_THAT(selectionOf(table), ElementsAre(std::pair(1, 1)));
     for (int i = 0; i < 9; ++i) press(Qt::Key_Down);
     press(Qt::Key_Space);
     EXPECT_EQ(focused(), "Remove /d") << "there is no row behind any more";
@@ -176,6 +184,37 @@ TEST_F(ListTables, KeyboardReachesTheButtonsAndStaysThere) {
     for (int i = 0; i < 3; ++i) press(Qt::Key_Space);
     EXPECT_THAT(paths(), IsEmpty());
     EXPECT_TRUE(table.hasFocus()) << "nowhere else to go";
+}
+
+TEST_F(ListTables, KeysAtAButtonActOnItsRow) {
+    const auto press = [](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+    };
+    table.setFocus(Qt::TabFocusReason);
+    table.selectRows({{1, 3}});
+    press(Qt::Key_Right);
+    press(Qt::Key_Down, Qt::AltModifier);
+    press(Qt::Key_Down, Qt::AltModifier);
+    EXPECT_THAT(paths(), ElementsAre("/a", "/c", "/d", "/b", "/e"));
+    EXPECT_EQ(focused(), "Remove /b");
+    press(Qt::Key_Up, Qt::AltModifier);
+    EXPECT_EQ(focused(), "Remove /b");
+    press(Qt::Key_Delete);
+    EXPECT_THAT(paths(), ElementsAre("/a", "/c", "/d", "/e"));
+    EXPECT_EQ(focused(), "Remove /d");
+    press(Qt::Key_Down);
+    press(Qt::Key_Delete);
+    EXPECT_EQ(focused(), "Remove /d") << "the last one";
+    EXPECT_THAT(selectionOf(table), ElementsAre(std::pair(2, 2)));
+    press(Qt::Key_Up, Qt::ShiftModifier);
+    EXPECT_TRUE(table.hasFocus()) << "several rows have no button";
+    EXPECT_THAT(selectionOf(table), ElementsAre(std::pair(1, 2)));
+    QApplication::setLayoutDirection(Qt::RightToLeft);
+    press(Qt::Key_Left);
+    EXPECT_EQ(focused(), "Remove /c");
+    press(Qt::Key_Right);
+    QApplication::setLayoutDirection(Qt::LeftToRight);
+    EXPECT_TRUE(table.hasFocus());
 }
 
 TEST_F(ListTables, KeysRemoveAndMoveTheSelectedRowsInOneWrite) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gmock/gmock.h>
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QFileDialog>
 #include <QLineEdit>
@@ -177,6 +178,9 @@ TEST_F(MainWindowTest, StatusLineMovesNothingWhenItsTextChanges) {
     line->setText(QStringLiteral("a text that is longer than the one before"));
     QCoreApplication::sendPostedEvents();
     EXPECT_EQ(counter.requests, 0);
+    const auto* accessible = QAccessible::queryAccessibleInterface(line);
+    EXPECT_EQ(accessible->role(), QAccessible::StatusBar);
+    EXPECT_EQ(accessible->text(QAccessible::Name), line->text()) << "at once";
 }
 
 TEST_F(MainWindowTest, ClearEmptiesTheSourcesAndTheFirstFocusIsOnAdd) {

@@ -274,9 +274,11 @@ TEST_F(PanelsTest, AsksBeforeAFileIsReplaced) {
     EXPECT_EQ(save([&] {
                   enterRoot();
                   type("c.txt");
-                  press(Qt::Key_Return);
+                  QTest::mouseClick(button("Save"), Qt::LeftButton);
                   EXPECT_TRUE(QTest::qWaitFor([&] { return answers.size() == 1; }));
                   EXPECT_TRUE(dialog().isVisible());
+                  EXPECT_EQ(dialog().focusWidget(), nameField()) << "for another name";
+                  EXPECT_EQ(nameField()->selectedText(), QStringLiteral("c"));
                   press(Qt::Key_Return);
               }),
               root / "c.txt");
@@ -299,8 +301,8 @@ TEST_F(PanelsTest, RefusesATextThatTheEncodingLacks) {
                   const auto* line = part<QLabel>("refusal");
                   EXPECT_TRUE(QTest::qWaitFor([&] {
                       return line->text() == QStringLiteral(
-                                                 "ISO-8859-1 has no “日” (row 12, column “Name”). "
-                                                 "Choose another encoding.");
+                                                 "Western (ISO Latin 1) has no “日” (row 12, "
+                                                 "column “Name”). Choose another encoding.");
                   })) << line->text().toStdString();
                   press(Qt::Key_Return);
                   EXPECT_TRUE(dialog().isVisible());

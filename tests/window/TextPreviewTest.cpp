@@ -10,6 +10,7 @@
 #include <QScrollBar>
 #include <QShortcut>
 #include <QTest>
+#include <cmath>
 #include <random>
 #include <stdexcept>
 

@@ -97,7 +97,18 @@ void ListTableViewController::removeSelected() {
 void ListTableViewController::removeRow(int row) {
     const auto selected = tableView_->selectedRows();
     listData_.deleteAt({static_cast<std::size_t>(row)});
-    tableView_->selectRows(rowsWithout(selected, row));
+    auto left = rowsWithout(selected, row);
+    if (left.empty() && !selected.empty()) {
+        const int next = std::min(row, numberOfRows() - 1);
+        left = {{next, next}};
+    }
+    tableView_->selectRows(left);
+}
+
+bool ListTableViewController::isButtonAtKeyboard() const {
+    // Of the window, which may not be the active one.
+    const QWidget* focused = tableView_->window()->focusWidget();
+    return focused != nullptr && tableView_->viewport()->isAncestorOf(focused);
 }
 
 void ListTableViewController::moveSelected(bool up) {
@@ -115,6 +126,7 @@ void ListTableViewController::move(const IndexSet& rows, std::size_t toRow) {
     listData_.move(rows, toRow);
     tableView_->selectRows({{first, last}});
     tableView_->scrollTo(tableView_->currentIndex());
+    if (first == last && isButtonAtKeyboard()) tableView_->focusButtonOf(first);
 }
 
 std::unique_ptr<QMimeData> ListTableViewController::writeRows(const std::vector<RowRange>& rows) {

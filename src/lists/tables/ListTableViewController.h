@@ -42,6 +42,7 @@ protected:
     bool isOwnDrag(const toolkit::TableDrag& drag) const;
 
     const std::string& textOf(int row) const;
+    /// The other rows that are selected stay so. Without any the next row is, or the last one.
     void removeRow(int row);
 
 private:
@@ -49,6 +50,7 @@ private:
     void followContentHeight();
     void updateActions();
     void removeSelected();
+    bool isButtonAtKeyboard() const;
     void moveSelected(bool up);
     void move(const IndexSet& rows, std::size_t toRow);
 

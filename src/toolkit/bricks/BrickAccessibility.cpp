@@ -37,7 +37,7 @@ private:
     const Label& label_;
 };
 
-/// Named by the choice, since programs are told no other text of it; its label is told as such.
+/// Named by its label and the choice, since programs are told no other text of it.
 class ListBrickAccessible : public QAccessibleWidget {
 public:
     explicit ListBrickAccessible(ListBrick& box)
@@ -50,8 +50,9 @@ public:
         QString own = QAccessibleWidget::text(part);
         if (part != QAccessible::Name) return own;
         if (box_.isEditable()) return own.isEmpty() ? choice : own;  // the field tells its text
-        const QString given = box_.accessibleName();
-        return given.isEmpty() ? choice : given + QStringLiteral(": ") + choice;
+        if (own.isEmpty()) return choice;
+        const bool hasColon = own.endsWith(u':');
+        return own + (hasColon ? QStringLiteral(" ") : QStringLiteral(": ")) + choice;
     }
 
     QAccessible::State state() const override {

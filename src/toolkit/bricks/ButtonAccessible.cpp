@@ -3,22 +3,12 @@
 
 #include <QCheckBox>
 #include <QMenu>
-#include <QTextDocumentFragment>
 
 #include "toolkit/bricks/ColorWellBrick.h"
 #include "toolkit/bricks/PullDownButtonBrick.h"
 #include "toolkit/look/PlainText.h"
 
 namespace marquell::toolkit {
-namespace {
-
-QString plainToolTip(const QWidget& view) {
-    QString toolTip = view.toolTip();
-    if (!Qt::mightBeRichText(toolTip)) return toolTip;
-    return QTextDocumentFragment::fromHtml(toolTip).toPlainText();
-}
-
-}  // namespace
 
 ButtonAccessible::ButtonAccessible(QAbstractButton& button, QAccessible::Role role)
     : QAccessibleWidget(&button, role), button_(button) {}
@@ -26,7 +16,7 @@ ButtonAccessible::ButtonAccessible(QAbstractButton& button, QAccessible::Role ro
 QString ButtonAccessible::name() const {
     QString name = QAccessibleWidget::text(QAccessible::Name);
     if (name.isEmpty()) name = textOfTitle(button_.text());
-    return name.isEmpty() ? plainToolTip(button_) : name;
+    return name.isEmpty() ? button_.accessibleDescription() : name;
 }
 
 QString ButtonAccessible::text(QAccessible::Text part) const {
@@ -35,11 +25,8 @@ QString ButtonAccessible::text(QAccessible::Text part) const {
         const auto* well = dynamic_cast<const ColorWellBrick*>(&button_);
         if (well != nullptr) return well->color().name();
     }
-    if (part == QAccessible::Description && button_.accessibleDescription().isEmpty()) {
-        const QString toolTip = plainToolTip(button_);
-        return toolTip == name() ? QString() : toolTip;
-    }
-    return QAccessibleWidget::text(part);
+    const QString text = QAccessibleWidget::text(part);
+    return part == QAccessible::Description && text == name() ? QString() : text;
 }
 
 QAccessible::State ButtonAccessible::state() const {

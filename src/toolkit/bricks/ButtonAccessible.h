@@ -10,7 +10,7 @@ namespace marquell::toolkit {
 class PullDownButtonBrick;
 
 /// A button that Qt does not know, or that it would turn without a click, which nobody would hear.
-/// Without a title it is named by its tool tip.
+/// Without a title it is named by its description.
 class ButtonAccessible : public QAccessibleWidget {
 public:
     ButtonAccessible(QAbstractButton& button, QAccessible::Role role);

@@ -9,6 +9,7 @@
 
 #include "toolkit/bricks/CallIfSet.h"
 #include "toolkit/bricks/CutTextToolTip.h"
+#include "toolkit/bricks/PlainToolTip.h"
 #include "toolkit/bricks/SmartMenuItem.h"
 #include "toolkit/drawing/ControlSkin.h"
 #include "toolkit/look/ButtonRole.h"
@@ -46,7 +47,7 @@ void PullDownButtonBrick::setGlyph(Glyph glyph, const QString& name) {
     setButtonRole(this, ButtonRole::glyph);
     setControlSize(this, ControlSize::mini);  // for the corners
     setAccessibleName(name);
-    setToolTip(toolTipText(name));
+    setPlainToolTip(*this, name);
 }
 
 SmartMenuItem* PullDownButtonBrick::addItem(SmartMenuItem* item) {

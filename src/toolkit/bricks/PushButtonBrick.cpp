@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "toolkit/bricks/CallIfSet.h"
+#include "toolkit/bricks/PlainToolTip.h"
 #include "toolkit/drawing/ControlSkin.h"
 #include "toolkit/look/ButtonRole.h"
 #include "toolkit/look/ControlBox.h"
@@ -26,8 +27,7 @@ void PushButtonBrick::setGlyph(Glyph glyph, const QString& name) {
     setButtonRole(this, ButtonRole::glyph);
     setControlSize(this, ControlSize::mini);  // for the corners
     setAccessibleName(name);
-    setAccessibleDescription(name);  // or it would be the tool tip with its markup
-    setToolTip(toolTipText(name));
+    setPlainToolTip(*this, name);
 }
 
 QSize PushButtonBrick::sizeHint() const {

@@ -8,10 +8,10 @@
 #include <utility>
 
 #include "toolkit/bricks/CallIfSet.h"
+#include "toolkit/bricks/PlainToolTip.h"
 #include "toolkit/bricks/Segment.h"
 #include "toolkit/bricks/SegmentWidths.h"
 #include "toolkit/bricks/SegmentsPainting.h"
-#include "toolkit/look/PlainText.h"
 
 namespace marquell::toolkit {
 namespace {
@@ -69,7 +69,7 @@ void SegmentedControlBrick::setImage(TemplateImage image, int forSegment) {
 }
 
 void SegmentedControlBrick::setSegmentToolTip(const QString& text, int forSegment) {
-    if (Segment* const changed = segment(forSegment)) changed->setToolTip(toolTipText(text));
+    if (Segment* const changed = segment(forSegment)) setPlainToolTip(*changed, text);
 }
 
 void SegmentedControlBrick::setSegmentEnabled(bool isEnabled, int forSegment) {
@@ -126,7 +126,10 @@ std::vector<int> SegmentedControlBrick::widthsWith(double padding) const {
 }
 
 std::vector<int> SegmentedControlBrick::naturalWidths() const {
-    return widthsWith(style_ == SegmentStyle::capsule ? capsulePadding : tabPadding);
+    if (style_ == SegmentStyle::capsule) return widthsWith(capsulePadding);
+    std::vector<int> widths = widthsWith(tabPadding);
+    for (int& width : widths) width += metrics().px(1);  // the line between it and the one before
+    return widths;
 }
 
 QSize SegmentedControlBrick::sizeHint() const {

@@ -25,7 +25,7 @@ using TemplateImage =
     std::function<void(QPainter& painter, const QRectF& box, const QColor& color)>;
 
 /// A row of segments, at most one of which is selected. Arrow keys go from one to the next. Where
-/// there is no room for all titles, they are cut.
+/// there is no room for all titles, the longest are cut.
 class SegmentedControlBrick : public Brick<QWidget>, public UserListeners<int> {
 public:
     explicit SegmentedControlBrick(QWidget* parent = nullptr);

@@ -26,6 +26,7 @@
 #include "toolkit/look/Metrics.h"
 #include "toolkit/look/PanePainting.h"
 #include "toolkit/look/ScrollBarPainting.h"
+#include "toolkit/look/StandardIcons.h"
 #include "toolkit/look/StyleMeasures.h"
 #include "toolkit/look/Surface.h"
 #include "toolkit/look/ViewLook.h"
@@ -202,6 +203,13 @@ QRect HouseStyle::subControlRect(ComplexControl control, const QStyleOptionCompl
         return QProxyStyle::subControlRect(control, option, subControl, widget);
     }
     return visualRect(option->direction, option->rect, parts->rect(subControl, *option, widget));
+}
+
+QIcon HouseStyle::standardIcon(StandardPixmap standardIcon, const QStyleOption* option,
+                               const QWidget* widget) const {
+    const auto direction = widget != nullptr ? widget->layoutDirection() : Qt::LeftToRight;
+    const auto icon = standardIconFor(standardIcon, direction);
+    return icon ? *icon : QProxyStyle::standardIcon(standardIcon, option, widget);
 }
 
 void furnish() {

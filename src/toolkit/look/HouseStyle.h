@@ -35,6 +35,8 @@ public:
                          const QWidget* widget) const override;
     QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option,
                          SubControl subControl, const QWidget* widget) const override;
+    QIcon standardIcon(StandardPixmap standardIcon, const QStyleOption* option,
+                       const QWidget* widget) const override;
 };
 
 /// Sets the style, palette, fonts and the focus ring. To be called once, before the first widget.

@@ -14,6 +14,12 @@ namespace {
 
 constexpr double endGap = 4;  // points, behind the button
 
+/// Whether the key may lead to another row, or select more of them.
+bool leadsToRows(const QKeyEvent& event) {
+    const bool isArrowOrPage = event.key() >= Qt::Key_Home && event.key() <= Qt::Key_PageDown;
+    return isArrowOrPage || !event.text().isEmpty();
+}
+
 }  // namespace
 
 RowButtonBrick::RowButtonBrick(CellTable& table, QWidget* viewport)
@@ -52,6 +58,19 @@ void RowButtonBrick::setOnSelection(bool onSelection) {
 
 double RowButtonBrick::focusRingRadius() const { return controlRadius(ControlSize::mini); }
 
+void RowButtonBrick::focusInEvent(QFocusEvent* event) {
+    PushButtonBrick::focusInEvent(event);
+    switch (event->reason()) {
+        case Qt::MouseFocusReason:
+            return table_.setFocus(Qt::MouseFocusReason);
+        case Qt::ActiveWindowFocusReason:
+        case Qt::PopupFocusReason:
+            return;  // it had the keyboard before
+        default:
+            table_.selectRows({{row_, row_}});
+    }
+}
+
 void RowButtonBrick::keyPressEvent(QKeyEvent* event) {
     const int toRow = isRightToLeft() ? Qt::Key_Right : Qt::Key_Left;
     const bool isPlain = !(event->modifiers() & ~Qt::KeypadModifier);
@@ -62,6 +81,7 @@ void RowButtonBrick::keyPressEvent(QKeyEvent* event) {
     } else if (event->key() == Qt::Key_Space) {
         PushButtonBrick::keyPressEvent(event);
     } else {
+        if (leadsToRows(*event)) table_.setFocus(Qt::OtherFocusReason);
         event->ignore();  // the table's
     }
 }

@@ -10,7 +10,8 @@ namespace marquell::toolkit {
 class CellTable;
 
 /// The button of a row. The tabulator doesn't stop at it: it leaves the table, whose arrow keys
-/// lead from button to button.
+/// lead from button to button. The row whose button takes the keyboard is the one selected. The
+/// mouse only presses it: what is selected stays so, and the table takes the keyboard.
 class RowButtonBrick : public PushButtonBrick, public FocusRingShaped {
 public:
     /// `viewport` is the table's.
@@ -31,6 +32,7 @@ public:
     double focusRingRadius() const override;
 
 protected:
+    void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     bool focusNextPrevChild(bool next) override;
 

@@ -77,4 +77,14 @@ const OptionPanel& jsonOptions() { return jsonOptionsPanel; }
 const OptionPanel& htmlOptions() { return htmlOptionsPanel; }
 const OptionPanel& spreadsheetOptions() { return spreadsheetOptionsPanel; }
 
+const char* titleOf(platform::TextEncoding wanted) {
+    pipeline::DataModelSnapshot settings;
+    settings.encodingMode = 0;
+    for (const char* title : encoding.titles) {
+        if (title != separator && settings.currentFileEncoding() == wanted) return title;
+        ++settings.encodingMode;
+    }
+    return encoding.titles.front();
+}
+
 }  // namespace marquell::window

@@ -42,4 +42,7 @@ const OptionPanel& jsonOptions();
 const OptionPanel& htmlOptions();  // in a file and on the clipboard
 const OptionPanel& spreadsheetOptions();
 
+/// What the menu of encodings calls one of them, in English.
+const char* titleOf(platform::TextEncoding wanted);
+
 }  // namespace marquell::window

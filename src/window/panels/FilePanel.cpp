@@ -48,6 +48,8 @@ FilePanel::FilePanel(QWidget* parent, const QString& title, const QString& folde
     : QFileDialog(parent, title, QFileInfo(folder).isDir() ? folder : QDir::homePath()) {
     setOption(QFileDialog::DontUseNativeDialog);
     setWindowModality(Qt::WindowModal);
+    setSizeGripEnabled(false);
+    setLabelText(QFileDialog::LookIn, panelText("Folder:", "label"));
     resize(suitableSize(screen()));
     takeParts();
     arrangeViews();
@@ -70,7 +72,8 @@ void FilePanel::takeParts() {
     }
 }
 
-/// Qt cuts most of the dates and leaves a third of the width to nothing.
+/// Qt cuts most of the dates, leaves a third of the width to nothing, and puts a line between two
+/// frames.
 void FilePanel::arrangeViews() {
     QHeaderView& header = *partOf<QTreeView>(*this, "treeView")->header();
     header.setStretchLastSection(false);
@@ -79,7 +82,13 @@ void FilePanel::arrangeViews() {
         header.resizeSection(section, toolkit::metrics().px(points));
     }
     const int places = toolkit::metrics().px(130);
-    partOf<QSplitter>(*this, "splitter")->setSizes({places, width() - places});
+    auto* splitter = partOf<QSplitter>(*this, "splitter");
+    splitter->setSizes({places, width() - places});
+    if (isRightToLeft()) return;  // where Qt would lay the panes over one frame about both
+    splitter->setFrameShape(QFrame::StyledPanel);
+    for (const char* name : {"sidebar", "listView", "treeView"}) {
+        partOf<QFrame>(*this, name)->setFrameShape(QFrame::NoFrame);
+    }
 }
 
 QPushButton* FilePanel::replaceButton(QDialogButtonBox::StandardButton replaced,

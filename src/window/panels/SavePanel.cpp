@@ -33,6 +33,7 @@ public:
           check_(offer.findLackingCharacter, [this] { takeAnswer(); }) {
         setAcceptMode(QFileDialog::AcceptSave);
         setFileMode(QFileDialog::AnyFile);
+        setLabelText(QFileDialog::FileType, panelText("File type:", "label"));
         button_ = replaceButton(QDialogButtonBox::Save, panelText("Save", "dialog button"));
         addRefusalLine();
         offerTypes();
@@ -65,7 +66,11 @@ public:
         QFileDialog::accept();  // enters a folder, asks before it replaces a file
         if (self == nullptr) return;
         isAsking_ = false;
-        if (result() == QDialog::Accepted) lastFolder() = QFileInfo(path_).absolutePath();
+        if (result() == QDialog::Accepted) {
+            lastFolder() = QFileInfo(path_).absolutePath();
+        } else {
+            selectName();  // for another one
+        }
     }
 
 private:
@@ -87,10 +92,18 @@ private:
     }
 
     void suggestName() {
-        const QString name = panelText("File List");
-        selectFile(name + suffix_);
+        selectFile(panelText("File List") + suffix_);
+        selectName();
+    }
+
+    /// Without the folders before it and the extension behind it.
+    void selectName() {
+        const QString whole = nameField().text();
+        const qsizetype start = whole.lastIndexOf(QLatin1Char('/')) + 1;
+        const qsizetype dot = whole.lastIndexOf(QLatin1Char('.'));
+        const qsizetype end = dot > start ? dot : whole.size();
         nameField().setFocus();
-        nameField().setSelection(0, static_cast<int>(name.size()));
+        nameField().setSelection(static_cast<int>(start), static_cast<int>(end - start));
     }
 
     /// Has the name follow another type of file, if it has an extension of ours.

@@ -10,6 +10,7 @@
 #include <cstring>
 
 #include "platform/AtomicFile.h"
+#include "window/column/OptionMenus.h"
 #include "window/panels/FilePanel.h"
 
 namespace marquell::window {
@@ -79,8 +80,7 @@ QString refusalOf(const QString& path) {
 }
 
 QString refusalOf(const pipeline::LackingCharacter& lacking) {
-    const QString encoding =
-        QString::fromStdString(std::string(platform::encodingName(lacking.encoding)));
+    const QString encoding = localizedText(titleOf(lacking.encoding), "popup menu choice");
     const QString character = shownCharacter(lacking.character);
     const QString column = shown(QString::fromStdString(lacking.columnTitle));
     if (column.isEmpty()) {
