@@ -16,6 +16,9 @@
 #include "window/MainContentViewController.h"
 #include "window/StatusLine.h"
 #include "window/Text.h"
+#include "window/info/InfoPaneViewController.h"
+#include "window/info/MarquellSplitView.h"
+#include "window/preview/PreviewTableDragDestinationWall.h"
 #include "window/preview/TextPreview.h"
 
 namespace marquell::window {
@@ -102,12 +105,41 @@ void MainContentViewController::createTabs(FragmentWall& fragment) {
     filePreviewWall_ = rightTabWall_->createNewWall();
     textPreviewWall_ = rightTabWall_->createNewWall();
     createWaitView();
-    previewTableViewController_ = makeController<PreviewTableViewController>(dataModel_);
-    filePreviewWall_->fillWallWith(*previewTableViewController_);
+    createFilePreview();
     textPreview_ = new TextPreview;
     textPreviewWall_->factory().internalAddBrick(
         textPreview_, [](LayoutConstraintMaker& make) { make.fillContainer(); });
     createFindShortcuts();
+}
+
+/// The list as a table, and below it what is known of the selected row.
+void MainContentViewController::createFilePreview() {
+    previewTableViewController_ = makeController<PreviewTableViewController>(dataModel_);
+    infoPaneViewController_ = makeController<InfoPaneViewController>(dataModel_);
+    InfoPaneViewController* const infoPane = infoPaneViewController_.get();
+    previewTableViewController_->selectionChanged = [infoPane](auto node) {
+        infoPane->setCurrentNode(std::move(node));
+    };
+    const auto draggedIds = [infoPane] { return infoPane->obtainDraggedColumnIds(); };
+    columnsListTableViewController_->obtainDraggedColumnIds = draggedIds;
+    auto* dragWall = new PreviewTableDragDestinationWall(dataModel_.columnList);
+    dragWall->obtainDraggedColumnIds = draggedIds;
+    dragWall->showDrop = [this](bool isShown) { showColumnDrop(isShown); };
+    dragWall->fillWallWith(*previewTableViewController_);
+    dragWall->setFocusProxy(previewTableViewController_->tableView());
+    splitView_ =
+        new MarquellSplitView(dragWall, infoPane->view(), dataModel_.infoPaneHeight->value(),
+                              dataModel_.infoPaneIsCollapsed->value());
+    filePreviewWall_->factory().internalAddBrick(
+        splitView_, [](LayoutConstraintMaker& make) { make.fillContainer(); });
+    auto* toggle = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_I), view());
+    connect(toggle, &QShortcut::activated, this, &MainContentViewController::toggleInfoPane);
+}
+
+/// Columns that are dropped on the preview go to the end of the list.
+void MainContentViewController::showColumnDrop(bool isShown) {
+    CellTable* const columns = columnsListTableViewController_->tableView();
+    columns->showDropGap(isShown ? columns->model()->rowCount() : -1);
 }
 
 /// They are in force while the page of the text shows, whatever has the keyboard.

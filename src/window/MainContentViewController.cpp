@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/MainContentViewController.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "shell/Clock.h"
@@ -9,6 +10,8 @@
 #include "window/StatusLine.h"
 #include "window/StatusText.h"
 #include "window/Text.h"
+#include "window/info/InfoPaneViewController.h"
+#include "window/info/MarquellSplitView.h"
 #include "window/panels/AlertPanel.h"
 #include "window/panels/SavePanel.h"
 #include "window/panels/SourcePanel.h"
@@ -22,6 +25,7 @@ using enum LayoutAttribute;
 namespace {
 
 constexpr double leastRightWidth = 500;
+constexpr double infoPaneHeightAtLeast = 150;  // that is asked for and kept
 constexpr std::chrono::duration<double> statusPeriod(0.1);
 
 }  // namespace
@@ -75,6 +79,16 @@ void MainContentViewController::performAction() { outputEngine_.performCommitAct
 
 void MainContentViewController::showFileDrop(bool isShown) {
     sourceListTableViewController_->showDropAtEnd(isShown);
+}
+
+void MainContentViewController::toggleInfoPane() {
+    splitView_->askForPaneHeight(splitView_->isPaneCollapsed() ? infoPaneHeightAtLeast : 0);
+}
+
+void MainContentViewController::saveInfoPaneState() {
+    dataModel_.infoPaneIsCollapsed->setValue(splitView_->isPaneCollapsed());
+    if (splitView_->isPaneCollapsed()) return;
+    dataModel_.infoPaneHeight->setValue(std::max(splitView_->paneHeight(), infoPaneHeightAtLeast));
 }
 
 QWidget* MainContentViewController::firstKeyView() const { return addButton_; }

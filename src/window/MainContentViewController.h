@@ -26,6 +26,8 @@ class TabWall;
 
 namespace marquell::window {
 
+class InfoPaneViewController;
+class MarquellSplitView;
 struct OptionPanel;
 class ParameterScrollView;
 class StatusLine;
@@ -53,6 +55,12 @@ public:
 
     /// Shows, or no longer, where files go that are about to be dropped.
     void showFileDrop(bool isShown);
+
+    /// Collapses the info pane, or brings it back.
+    void toggleInfoPane();
+    /// Writes the info pane's height and whether it is collapsed to the settings. To be called at
+    /// the end, while the views are still there.
+    void saveInfoPaneState();
 
     /// Whether the window is minimised: nothing is refreshed meanwhile.
     void setMinimized(bool isMinimized);
@@ -96,6 +104,8 @@ private:
     void createPreviewFragment();
     void createModeControl(toolkit::FragmentWall& fragment);
     void createTabs(toolkit::FragmentWall& fragment);
+    void createFilePreview();
+    void showColumnDrop(bool isShown);
     void createFindShortcuts();
     void createWaitView();
     void selectTab(int index);
@@ -131,6 +141,7 @@ private:
     toolkit::Wall* waitPreviewWall_ = nullptr;
     toolkit::Wall* filePreviewWall_ = nullptr;
     toolkit::Wall* textPreviewWall_ = nullptr;
+    MarquellSplitView* splitView_ = nullptr;
     TextPreview* textPreview_ = nullptr;
     StatusLine* statusLine_ = nullptr;
     /// What has got the keyboard from the action button while that is disabled.
@@ -139,6 +150,7 @@ private:
     std::unique_ptr<lists::SourceListTableViewController> sourceListTableViewController_;
     std::unique_ptr<lists::ColumnListTableViewController> columnsListTableViewController_;
     std::unique_ptr<PreviewTableViewController> previewTableViewController_;
+    std::unique_ptr<InfoPaneViewController> infoPaneViewController_;
     std::unique_ptr<shell::SmartTimerWrapper> windowUITimer_;
     bool isOnScreen_ = false;
     bool isMinimized_ = false;

@@ -31,8 +31,11 @@ MainWindow::MainWindow(std::unique_ptr<MainContentViewController> controller)
         [content](bool areAbove) { content->showFileDrop(areAbove); });
 }
 
-// The views go first: their tables ask the controllers for their cells.
-MainWindow::~MainWindow() { delete takeCentralWidget(); }
+MainWindow::~MainWindow() {
+    mainContentViewController_->saveInfoPaneState();
+    // The views go first: their tables ask the controllers for their cells.
+    delete takeCentralWidget();
+}
 
 void MainWindow::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);

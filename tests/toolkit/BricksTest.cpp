@@ -16,6 +16,7 @@
 #include "toolkit/bricks/ComboBoxBrick.h"
 #include "toolkit/bricks/IntegerTextField.h"
 #include "toolkit/bricks/Label.h"
+#include "toolkit/bricks/PlainToolTip.h"
 #include "toolkit/bricks/PopUpButtonBrick.h"
 #include "toolkit/bricks/PullDownButtonBrick.h"
 #include "toolkit/bricks/PushButtonBrick.h"
@@ -182,6 +183,7 @@ TEST_F(Names, AreTheTitlesAsTheyStand) {
     EXPECT_EQ(button->shortcut(), QKeySequence(Qt::Key_Return)) << "outlives a new title";
     button->setGlyph(Glyph::cross, odd);
     EXPECT_EQ(nameOf(button), odd);
+    EXPECT_EQ(accessible(button).text(QAccessible::Description), odd);
     EXPECT_TRUE(button->toolTip().contains(QStringLiteral("a&amp;b &lt;img"))) << "as it stands";
 }
 
@@ -191,7 +193,10 @@ TEST_F(Names, TellThePopupAndItsChoiceApart) {
     popup->addItem(odd, QStringLiteral("(from A to Z)"));
     EXPECT_EQ(nameOf(popup), odd + QStringLiteral(" (from A to Z)")) << "no label: the choice";
     label->setBuddy(popup);
-    EXPECT_EQ(nameOf(popup), odd + QStringLiteral(" (from A to Z)"));
+    EXPECT_EQ(nameOf(popup), odd + QStringLiteral(": ") + valueOf(popup));
+    label->setText(QStringLiteral("Sorting:"));
+    EXPECT_EQ(nameOf(popup), QStringLiteral("Sorting: ") + valueOf(popup));
+    label->setText(odd);
     ASSERT_EQ(accessible(popup).relations(QAccessible::Label).size(), 1);
     EXPECT_EQ(accessible(popup).relations(QAccessible::Label)[0].first->object(), label);
     EXPECT_EQ(valueOf(popup), odd + QStringLiteral(" (from A to Z)"));
@@ -224,7 +229,7 @@ TEST_F(Names, RolesAndStatesOfPaintedBricks) {
 
 TEST_F(Names, OfImagesAreTheirToolTips) {
     auto* const button = new PullDownButtonBrick(QIcon(QPixmap(8, 8)), &window);
-    button->setToolTip(toolTipText(odd));
+    setPlainToolTip(*button, odd);
     EXPECT_EQ(nameOf(button), odd);
     EXPECT_EQ(accessible(button).text(QAccessible::Description), QString());
     EXPECT_EQ(accessible(button).role(), QAccessible::ButtonMenu);
@@ -236,6 +241,7 @@ TEST_F(Names, OfImagesAreTheirToolTips) {
     row->setSegmentToolTip(odd, 1);
     EXPECT_EQ(accessible(row).child(0)->text(QAccessible::Name), odd);
     EXPECT_EQ(accessible(row).child(1)->text(QAccessible::Name), QStringLiteral("title"));
+    EXPECT_EQ(accessible(row).child(1)->text(QAccessible::Description), odd);
 }
 
 TEST_F(Names, AssistiveProgramsWriteAsTheUser) {
@@ -306,7 +312,8 @@ TEST(SegmentWidths, FillTheLength) {
     EXPECT_THAT(segmentWidths({50, 30}, {40, 20}, 101), ElementsAre(61, 40));
     EXPECT_THAT(segmentWidths({50, 30, 30}, {40, 30, 20}, 97), ElementsAre(43, 30, 24));
     EXPECT_THAT(segmentWidths({50, 30}, {40, 20}, 60), ElementsAre(40, 20));
-    EXPECT_THAT(segmentWidths({50, 30}, {40, 20}, 31), ElementsAre(20, 11)) << "in proportion";
+    EXPECT_THAT(segmentWidths({50, 30, 30}, {40, 10, 20}, 47), ElementsAre(19, 10, 18));
+    EXPECT_THAT(segmentWidths({50, 30, 30}, {40, 10, 20}, 65), ElementsAre(35, 10, 20));
     EXPECT_THAT(segmentWidths({}, {}, 31), ElementsAre());
 }
 

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
 #include <numeric>
 
 namespace marquell::toolkit {
@@ -13,19 +12,23 @@ int sumOf(const std::vector<int>& lengths) {
     return std::accumulate(lengths.begin(), lengths.end(), 0);
 }
 
-/// In proportion to the needs, without loss by rounding.
-std::vector<int> shrunk(const std::vector<int>& needs, int length) {
-    std::vector<int> widths;
-    const int all = sumOf(needs);
-    int needed = 0;
-    int given = 0;
-    for (const int need : needs) {
-        needed += need;
-        const int edge = all == 0 ? 0 : static_cast<int>(std::int64_t{length} * needed / all);
-        widths.push_back(edge - given);
-        given = edge;
+/// The longest ones are cut to one length; the first of them take the px that are odd.
+std::vector<int> shrunk(std::vector<int> needs, int length) {
+    std::vector<int> sorted = needs;
+    std::ranges::sort(sorted);
+    int rest = length;
+    int count = static_cast<int>(sorted.size());
+    for (const int need : sorted) {
+        if (need > rest / count) break;
+        rest -= need;
+        --count;
     }
-    return widths;
+    const int most = rest / count;
+    int odd = rest % count;
+    for (int& width : needs) {
+        if (width > most) width = most + (odd-- > 0 ? 1 : 0);
+    }
+    return needs;
 }
 
 /// One of `count` even shares, rounded away from 0, so that the first ones deal with what is odd.

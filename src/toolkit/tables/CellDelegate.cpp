@@ -3,6 +3,7 @@
 
 #include <QPainter>
 #include <QStyle>
+#include <cmath>
 
 #include "toolkit/look/Metrics.h"
 #include "toolkit/tables/CellText.h"
@@ -15,10 +16,19 @@ namespace {
 constexpr double textRight = 4;
 constexpr double gapBeforeButton = 8;
 
+constexpr int largestBox = 10'000;  // px; any will do
+
 ColorRole groundOf(const QStyleOptionViewItem& option) {
     if (option.state & QStyle::State_Selected) return ColorRole::selection;
     const bool isAlternate = option.features & QStyleOptionViewItem::Alternate;
     return isAlternate ? ColorRole::alternateBase : ColorRole::base;
+}
+
+void drawSeparator(QPainter& painter, const QStyleOptionViewItem& option) {
+    const int line = metrics().px(1);
+    const QRect& cell = option.rect;
+    painter.fillRect(cell.left(), cell.center().y(), cell.width(), line,
+                     color(ColorRole::headerLine, option.widget));
 }
 
 }  // namespace
@@ -42,14 +52,17 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     painter->fillRect(option.rect, color(groundOf(option), option.widget));
     cell->setHighlighted(option.state & QStyle::State_Selected);
     painter->setLayoutDirection(option.direction);
+    if (!(index.flags() & Qt::ItemIsSelectable)) drawSeparator(*painter, option);
     drawCellLabel(*painter, textRect(option.rect, *cell, option.direction), cell->nameLabel,
                   option.widget);
     painter->restore();
 }
 
-QSize CellDelegate::sizeHint(const QStyleOptionViewItem& /*option*/,
-                             const QModelIndex& /*index*/) const {
-    return {0, metrics().rowHeight()};
+QSize CellDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    const auto cell = cells_.cell(index.row(), index.column());
+    const QRect box(0, 0, largestBox, metrics().rowHeight());
+    const int beside = box.width() - textRect(box, *cell, option.direction).width();
+    return {beside + static_cast<int>(std::ceil(naturalWidth(cell->nameLabel))), box.height()};
 }
 
 }  // namespace marquell::toolkit

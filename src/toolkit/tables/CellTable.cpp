@@ -1,23 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "toolkit/tables/CellTable.h"
 
-#include <QDrag>
-#include <QDragLeaveEvent>
-#include <QHelpEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyleOptionFocusRect>
-#include <QToolTip>
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 #include "toolkit/look/ColorRole.h"
 #include "toolkit/look/Metrics.h"
 #include "toolkit/tables/CellDelegate.h"
 #include "toolkit/tables/CellStore.h"
 #include "toolkit/tables/CellTableModel.h"
-#include "toolkit/tables/CellText.h"
-#include "toolkit/tables/ColumnWidths.h"
+#include "toolkit/tables/ColumnFitting.h"
 #include "toolkit/tables/HeaderCorner.h"
 #include "toolkit/tables/RowButtons.h"
 #include "toolkit/tables/RowDrops.h"
@@ -27,7 +23,6 @@ namespace marquell::toolkit {
 namespace {
 
 // Points.
-constexpr double smallestSharedColumn = 88;
 constexpr double smallestDraggedColumn = 24;
 constexpr double dropLineHeight = 2;
 
@@ -38,6 +33,7 @@ void setUpHeader(QHeaderView& header) {
     header.setSectionResizeMode(QHeaderView::Interactive);
     header.setHighlightSections(false);
     header.setSectionsClickable(false);
+    header.setResizeContentsPrecision(0);  // what is in view
     header.hide();
 }
 
@@ -46,13 +42,16 @@ void setUpHeader(QHeaderView& header) {
 CellTable::CellTable(CellTableSource& source, QWidget* parent)
     : QTableView(parent),
       source_(source),
-      cells_(std::make_unique<CellStore>(source_, columns_,
-                                         [this](int row, int column) {
-                                             viewport()->update(
-                                                 visualRect(model_->index(row, column)));
-                                         })),
-      model_(new CellTableModel(columns_, *cells_)),
+      cells_(std::make_unique<CellStore>(
+          source_, columns_, [this](int row, int column) { cellChanged(row, column); })),
+      model_(new CellTableModel(source_, columns_, *cells_)),
       delegate_(new CellDelegate(*cells_, this)),
+      fitting_(std::make_unique<ColumnFitting>(*horizontalHeader(), columns_,
+                                               [this](int column) {
+                                                   return std::max(
+                                                       sizeHintForColumn(column),
+                                                       horizontalHeader()->sectionSizeHint(column));
+                                               })),
       buttons_(std::make_unique<RowButtons>(*this, *cells_)),
       drops_(std::make_unique<RowDrops>(*this, source_)) {
     model_->setParent(this);
@@ -61,6 +60,7 @@ CellTable::CellTable(CellTableSource& source, QWidget* parent)
     horizontalHeader()->setSelectionModel(new QItemSelectionModel(model_, this));
     setItemDelegate(delegate_);
     setUpHeader(*horizontalHeader());
+    connect(horizontalHeader(), &QHeaderView::sectionMoved, this, &CellTable::tellOfMovedColumns);
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->hide();
     auto* corner = new HeaderCorner(*horizontalHeader(), this);
@@ -68,20 +68,11 @@ CellTable::CellTable(CellTableSource& source, QWidget* parent)
     corner->hide();
     headerCorner_ = corner;
     setCornerWidget(new QWidget(this));  // nothing, in place of the style's box
-
-    setFrameShape(NoFrame);
-    setBackgroundRole(QPalette::Base);
-    setAutoFillBackground(true);  // also beneath the scroll bars
-    setShowGrid(false);
-    setAlternatingRowColors(true);
-    setWordWrap(false);
-    setCornerButtonEnabled(false);
+    setUpLook();
     setTabKeyNavigation(false);
     setSelectionBehavior(SelectRows);
     setSelectionMode(ExtendedSelection);
     setEditTriggers(NoEditTriggers);
-    setHorizontalScrollMode(ScrollPerPixel);
-    setVerticalScrollMode(ScrollPerPixel);
     setDragEnabled(true);
     viewport()->setAcceptDrops(true);
     applyMetrics();
@@ -90,35 +81,60 @@ CellTable::CellTable(CellTableSource& source, QWidget* parent)
 
 CellTable::~CellTable() = default;
 
+void CellTable::setUpLook() {
+    setFrameShape(NoFrame);
+    setBackgroundRole(QPalette::Base);
+    setAutoFillBackground(true);  // also beneath the scroll bars
+    setShowGrid(false);
+    setAlternatingRowColors(true);
+    setWordWrap(false);
+    setCornerButtonEnabled(false);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setVerticalScrollMode(ScrollPerPixel);
+}
+
 void CellTable::setColumns(std::vector<TableColumn> columns, bool withHeader) {
-    resetModel([&] {
-        model_->beginColumnChange();
-        columns_ = std::move(columns);
-        model_->endColumnChange();
-        hasHeader_ = withHeader;
-        horizontalHeader()->setVisible(withHeader);
-        headerCorner_->setVisible(withHeader);
-        fittedWidth_ = 0;
-    });
+    resetModel([&] { replaceColumns(std::move(columns), withHeader, model_->rowCount()); });
+}
+
+void CellTable::reload(std::vector<TableColumn> columns, bool withHeader,
+                       const std::function<void()>& place) {
+    resetModel([&] { replaceColumns(std::move(columns), withHeader, source_.numberOfRows()); },
+               place);
+}
+
+void CellTable::replaceColumns(std::vector<TableColumn> columns, bool withHeader, int rowCount) {
+    model_->beginColumnChange();
+    columns_ = std::move(columns);
+    model_->endColumnChange(rowCount);
+    hasHeader_ = withHeader;
+    horizontalHeader()->setVisible(withHeader);
+    horizontalHeader()->setSectionsMovable(withHeader);
+    headerCorner_->setVisible(withHeader);
+    wereColumnsMoved_ = false;
+    fitting_->start(withHeader, viewport()->width());
 }
 
 /// Runs a change that resets the model, after which selection, current row and place are what they
-/// were.
-void CellTable::resetModel(const std::function<void()>& change) {
+/// were, or what `place` makes of them.
+void CellTable::resetModel(const std::function<void()>& change,
+                           const std::function<void()>& place) {
     const auto selected = selectedRows();
     const int current = currentIndex().row();
-    const int place = verticalScrollBar()->value();
+    const int down = verticalScrollBar()->value();
     const int across = horizontalScrollBar()->value();
     const bool scrollsToCurrent = hasAutoScroll();
     setAutoScroll(false);
+    isResetting_ = true;
     cells_->clear();
     change();
-    resizeColumns();
     executeDelayedItemsLayout();
-    verticalScrollBar()->setValue(place);
+    verticalScrollBar()->setValue(down);
     horizontalScrollBar()->setValue(across);
     selectionModel()->setCurrentIndex(model_->index(current, 0), QItemSelectionModel::NoUpdate);
     selectRows(selected);
+    if (place) place();
+    isResetting_ = false;
     setAutoScroll(scrollsToCurrent);
     contentMoved();
 }
@@ -180,6 +196,7 @@ bool CellTable::columnIsInView(int column) const {
 }
 
 void CellTable::contentMoved() {
+    if (isResetting_) return;
     const RowRange rows = rowsInView();
     const int page = rows.last - rows.first + 1;
     const int width = viewport()->width();
@@ -188,24 +205,44 @@ void CellTable::contentMoved() {
         return row >= rows.first - page && row <= rows.last + page &&
                left + columnWidth(column) > -width && left < 2 * width;
     });
-    if (isVisible()) buttons_->place();
+    if (!isVisible()) return;
+    showCellsInView();
+    buttons_->place();
 }
 
-void CellTable::resizeColumns() {
-    const int room = viewport()->width();
-    QHeaderView& header = *horizontalHeader();
-    const int count = header.count();
-    if (room <= 0 || room == fittedWidth_) return;
-    const int smallest = hasHeader_ ? metrics().px(smallestSharedColumn) : 0;
-    std::vector<int> widths;
-    for (int i = 0; i < count; ++i) widths.push_back(header.sectionSize(i));
-    widths = hasHeader_ && fittedWidth_ > 0
-                 ? widthsAfterResize(std::move(widths), fittedWidth_, room, smallest)
-                 : equalWidths(count, room, smallest);
-    fittedWidth_ = room;
-    for (int i = 0; i < count; ++i) {
-        header.resizeSection(i, widths.at(static_cast<std::size_t>(i)));
+void CellTable::showCellsInView() {
+    std::vector<int> columns;
+    for (int column = 0; column < model_->columnCount(); ++column) {
+        if (columnIsInView(column)) columns.push_back(column);
     }
+    cells_->show(rowsInView(), columns);
+    fitting_->cellsShown(cells_->isComplete());
+}
+
+void CellTable::cellChanged(int row, int column) {
+    viewport()->update(visualRect(model_->index(row, column)));
+    fitting_->cellsShown(cells_->isComplete());
+}
+
+int CellTable::sizeHintForColumn(int column) const {
+    // A cell of another column would be made, and ask for its value.
+    return columnIsInView(column) ? QTableView::sizeHintForColumn(column) : -1;
+}
+
+/// The header is still at it: to replace its columns has to wait.
+void CellTable::tellOfMovedColumns() {
+    if (std::exchange(wereColumnsMoved_, true)) return;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (!std::exchange(wereColumnsMoved_, false)) return;
+            std::vector<int> order;
+            for (int i = 0; i < model_->columnCount(); ++i) {
+                order.push_back(horizontalHeader()->logicalIndex(i));
+            }
+            if (!std::ranges::is_sorted(order)) source_.columnsWereMoved(order);
+        },
+        Qt::QueuedConnection);
 }
 
 void CellTable::applyMetrics() {
@@ -228,15 +265,6 @@ void CellTable::showDropGap(int row) {
     bar->setValue(std::clamp(bar->value(), y - viewport()->height(), y));
 }
 
-void CellTable::focusButtonOf(int row) {
-    if (row < 0 || row >= model_->rowCount()) return;
-    const QModelIndex index = model_->index(row, std::max(currentIndex().column(), 0));
-    selectionModel()->setCurrentIndex(
-        index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-    scrollTo(index);
-    if (!buttons_->setFocus(row)) setFocus(Qt::OtherFocusReason);
-}
-
 void CellTable::paintEvent(QPaintEvent* event) {
     QTableView::paintEvent(event);
     QPainter painter(viewport());
@@ -256,7 +284,7 @@ void CellTable::paintEvent(QPaintEvent* event) {
 }
 
 void CellTable::resizeEvent(QResizeEvent* event) {
-    resizeColumns();
+    fitting_->roomChanged(viewport()->width());
     QTableView::resizeEvent(event);
 }
 
@@ -268,80 +296,6 @@ void CellTable::showEvent(QShowEvent* event) {
 void CellTable::changeEvent(QEvent* event) {
     QTableView::changeEvent(event);
     if (event->type() == QEvent::StyleChange) applyMetrics();
-}
-
-QModelIndex CellTable::moveCursor(CursorAction cursorAction, Qt::KeyboardModifiers modifiers) {
-    // To the first row and the last, not to the ends of a row.
-    if (cursorAction == MoveHome || cursorAction == MoveEnd) {
-        const int row = cursorAction == MoveHome ? 0 : model_->rowCount() - 1;
-        return model_->index(row, std::max(currentIndex().column(), 0));
-    }
-    return QTableView::moveCursor(cursorAction, modifiers);
-}
-
-void CellTable::keyPressEvent(QKeyEvent* event) {
-    // Qt would copy what a single cell shows, be it cut.
-    if (event->matches(QKeySequence::Copy)) return event->ignore();
-    const int toButton = isRightToLeft() ? Qt::Key_Left : Qt::Key_Right;
-    const bool isPlain = !(event->modifiers() & ~Qt::KeypadModifier);
-    if (isPlain && event->key() == toButton) {
-        // Rows may have come after the focus, and none of them been made the current one.
-        const int row = currentIndex().isValid() ? currentIndex().row() : rowsInView().first;
-        scrollTo(model_->index(row, std::max(currentIndex().column(), 0)));
-        if (buttons_->setFocus(row)) return;
-    }
-    QTableView::keyPressEvent(event);
-}
-
-bool CellTable::viewportEvent(QEvent* event) {
-    if (event->type() != QEvent::ToolTip) return QTableView::viewportEvent(event);
-    showCellToolTip(*static_cast<QHelpEvent*>(event));
-    return true;
-}
-
-void CellTable::showCellToolTip(const QHelpEvent& event) const {
-    const QModelIndex index = indexAt(event.pos());
-    if (!index.isValid()) {
-        QToolTip::hideText();
-        return;
-    }
-    const QRect rect = visualRect(index);
-    const auto cell = cells_->cell(index.row(), index.column());
-    const int room = delegate_->textRect(rect, *cell, layoutDirection()).width();
-    QToolTip::showText(event.globalPos(), toolTipOf(*cell, room), viewport(), rect);
-}
-
-void CellTable::dragEnterEvent(QDragEnterEvent* event) { drops_->follow(*event); }
-void CellTable::dragMoveEvent(QDragMoveEvent* event) { drops_->follow(*event); }
-void CellTable::dragLeaveEvent(QDragLeaveEvent* /*event*/) { drops_->end(); }
-void CellTable::dropEvent(QDropEvent* event) { drops_->drop(*event); }
-
-QRegion CellTable::selectedRegion() const {
-    const RowRange inView = rowsInView();
-    QRegion region;
-    for (const RowRange& range : selectedRows()) {
-        const int first = std::max(range.first, inView.first);
-        const int last = std::min(range.last, inView.last);
-        if (first <= last) region += rowRect(first).united(rowRect(last));
-    }
-    return region;
-}
-
-void CellTable::startDrag(Qt::DropActions /*supportedActions*/) {
-    // Where there is nothing to drag, Qt goes on by selecting the rows that the pointer passes.
-    auto rowData = source_.writeRows(selectedRows());
-    if (rowData == nullptr) return;
-    const QRegion rows = selectedRegion();
-    const QRect bounds = rows.boundingRect();
-    QPixmap picture(bounds.size() * devicePixelRatio());
-    picture.setDevicePixelRatio(devicePixelRatio());
-    picture.fill(Qt::transparent);
-    viewport()->render(&picture, QPoint(), rows, DrawWindowBackground);
-    auto* drag = new QDrag(this);  // goes when it has ended
-    drag->setMimeData(rowData.release());
-    drag->setPixmap(picture);
-    drag->setHotSpot(viewport()->mapFromGlobal(QCursor::pos()) - bounds.topLeft());
-    drag->exec(Qt::MoveAction);
 }
 
 void CellTable::scrollContentsBy(int dx, int dy) {

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QElapsedTimer>
 #include <QHeaderView>
+#include <QKeySequence>
 #include <QMimeData>
 #include <QTableView>
 #include <cstddef>
@@ -17,12 +19,15 @@ namespace marquell::toolkit {
 class CellDelegate;
 class CellStore;
 class CellTableModel;
+class ColumnFitting;
 class RowButtons;
 class RowDrops;
 
 struct TableColumn {
     std::string identifier;
     QString title;
+    /// Points. 0 for one that takes its share of the room that there is.
+    double width = 0;
 };
 
 /// Rows from `first` to `last`, both included.
@@ -37,6 +42,14 @@ struct TableDrag {
     const QObject* source;  ///< the view of this program that it comes from; null from elsewhere
 };
 
+/// What can be done with the selected rows of a table, by key and in its context menu.
+struct TableCommand {
+    QString title;
+    QKeySequence key;  // empty for none
+    bool isEnabled;
+    std::function<void()> run;
+};
+
 /// Asks a CellTable's owner for what the table shows, and tells it what the user does there. Rows
 /// and columns count from 0.
 class CellTableSource {
@@ -48,7 +61,21 @@ public:
     /// Makes the cell, which the table keeps while it is in view or near it.
     virtual std::shared_ptr<TableCellView> viewFor(const TableColumn& column, int row) = 0;
 
+    /// A line in place of a row: it can't be selected, and its cells show no text.
+    virtual bool isSeparator(int /*row*/) const { return false; }
+
     virtual void selectionDidChange() {}
+
+    /// In the order of the menu, where an item that selects all rows follows.
+    virtual std::vector<TableCommand> commands() { return {}; }
+
+    /// The row that begins with what the user has typed, the first one from `from` on and round to
+    /// it again; -1 for none.
+    virtual int rowForTyped(const QString& /*typed*/, int /*from*/) const { return -1; }
+
+    /// The user has dragged a header: the columns in their new order, each by its number in the
+    /// order that was set. Called when the drag has ended.
+    virtual void columnsWereMoved(const std::vector<int>& /*columns*/) {}
 
     /// What to hand over when rows are dragged out; null if they can't be.
     virtual std::unique_ptr<QMimeData> writeRows(const std::vector<RowRange>& /*rows*/) {
@@ -67,7 +94,9 @@ public:
 /// memory doesn't depend on the number of rows. Any number of rows may be selected. A drop is
 /// always proposed for the gap nearest to the pointer, shown as a line.
 ///
-/// A row's button takes part in the keyboard: the arrow keys go from the row to it and back.
+/// Columns with headers can be dragged to other places and widths, and begin as wide as what they
+/// show asks for. A row's button takes part in the keyboard: the arrow keys go from the row to it
+/// and back.
 class CellTable : public QTableView {
 public:
     /// The source has to outlive the table.
@@ -77,6 +106,11 @@ public:
     /// One column over the whole width and no header, until columns are set with headers.
     void setColumns(std::vector<TableColumn> columns, bool withHeader);
     const std::vector<TableColumn>& columns() const { return columns_; }
+
+    /// Takes other columns and asks the source for everything anew. `place` may select rows and
+    /// scroll; what it leaves alone stays as after reloadData().
+    void reload(std::vector<TableColumn> columns, bool withHeader,
+                const std::function<void()>& place);
 
     /// Room before the text of a cell, in points; 6 at first.
     void setTextInset(double textInset);
@@ -110,7 +144,8 @@ public:
     bool leaveForwards() { return focusNextPrevChild(true); }
 
     void selectAll() override;
-    void keyboardSearch(const QString& /*search*/) override {}  // would read every row
+    void keyboardSearch(const QString& typed) override;
+    int sizeHintForColumn(int column) const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -119,7 +154,9 @@ protected:
     void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     QModelIndex moveCursor(CursorAction cursorAction, Qt::KeyboardModifiers modifiers) override;
+    bool event(QEvent* event) override;
     bool viewportEvent(QEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
     void dragLeaveEvent(QDragLeaveEvent* event) override;
@@ -131,23 +168,33 @@ protected:
                           const QItemSelection& deselected) override;
 
 private:
-    void resetModel(const std::function<void()>& change);
+    void setUpLook();
+    void resetModel(const std::function<void()>& change, const std::function<void()>& place = {});
+    void replaceColumns(std::vector<TableColumn> columns, bool withHeader, int rowCount);
     void contentMoved();
+    void showCellsInView();
+    void cellChanged(int row, int column);
+    void tellOfMovedColumns();
     void applyMetrics();
-    void resizeColumns();
     void showCellToolTip(const QHelpEvent& event) const;
+    bool runCommand(const QKeyEvent& event);
+    void goToRow(int row);
     QRegion selectedRegion() const;
     QRect rowRect(int row) const;
 
     CellTableSource& source_;
     std::vector<TableColumn> columns_;
     bool hasHeader_ = false;
-    int fittedWidth_ = 0;  // of the viewport when the columns were fitted to it; 0 for not yet
+    bool isResetting_ = false;
+    bool wereColumnsMoved_ = false;
     int dropGap_ = -1;
+    QString typed_;
+    QElapsedTimer sinceTyped_;
     const std::unique_ptr<CellStore> cells_;
     CellTableModel* const model_;   // owned as a child
     CellDelegate* const delegate_;  // owned as a child
     QWidget* headerCorner_ = nullptr;
+    const std::unique_ptr<ColumnFitting> fitting_;
     const std::unique_ptr<RowButtons> buttons_;
     const std::unique_ptr<RowDrops> drops_;
 };

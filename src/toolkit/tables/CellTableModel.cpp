@@ -5,8 +5,9 @@
 
 namespace marquell::toolkit {
 
-CellTableModel::CellTableModel(const std::vector<TableColumn>& columns, const CellStore& cells)
-    : columns_(columns), cells_(cells) {}
+CellTableModel::CellTableModel(const CellTableSource& source,
+                               const std::vector<TableColumn>& columns, const CellStore& cells)
+    : source_(source), columns_(columns), cells_(cells) {}
 
 void CellTableModel::setRowCount(int rowCount) {
     const int before = rowCount_;
@@ -37,8 +38,9 @@ void CellTableModel::beginColumnChange() {
     beginResetModel();
 }
 
-void CellTableModel::endColumnChange() {
+void CellTableModel::endColumnChange(int rowCount) {
     columnCount_ = static_cast<int>(columns_.size());
+    rowCount_ = rowCount;
     endResetModel();
 }
 
@@ -57,6 +59,7 @@ QVariant CellTableModel::data(const QModelIndex& index, int role) const {
 }
 
 Qt::ItemFlags CellTableModel::flags(const QModelIndex& index) const {
+    if (source_.isSeparator(index.row())) return Qt::NoItemFlags;
     // Whether there is anything to drag is asked when a drag begins.
     return QAbstractTableModel::flags(index) | Qt::ItemIsDragEnabled;
 }

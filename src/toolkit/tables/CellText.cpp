@@ -15,11 +15,12 @@ namespace marquell::toolkit {
 namespace {
 
 constexpr qsizetype longestTold = 2000;  // characters
+constexpr qsizetype longestLabel = 500;
 
 /// How many characters are looked at for a place of `room` px. Shaping takes a time that grows with
 /// the text, however little of it is shown; no writing is narrower than a px for each on average.
 qsizetype longestShown(double room) {
-    return std::clamp<qsizetype>(static_cast<qsizetype>(room), 32, 500);
+    return std::clamp<qsizetype>(static_cast<qsizetype>(room), 32, longestLabel);
 }
 
 /// At most `length` characters of the text, with an ellipsis where the rest was.
@@ -81,6 +82,10 @@ void drawCellLabel(QPainter& painter, const QRectF& box, const CellLabel& label,
     painter.setPen(textColor);
     const int room = static_cast<int>(box.width());
     drawTextLine(painter, box, fitted(text.choice, fonts.choice, room, label.elideMode));
+}
+
+double naturalWidth(const CellLabel& label) {
+    return widthOf(shownText(label, longestLabel), cellFonts());
 }
 
 QString toolTipOf(const TableCellView& cell, double room) {

@@ -16,6 +16,9 @@ namespace marquell::toolkit {
 void drawCellLabel(QPainter& painter, const QRectF& box, const CellLabel& label,
                    const QWidget* view);
 
+/// The room that the whole label takes, in px.
+double naturalWidth(const CellLabel& label);
+
 /// The tool tip of a cell whose text has `room` px, as Qt takes it; empty for none.
 QString toolTipOf(const TableCellView& cell, double room);
 

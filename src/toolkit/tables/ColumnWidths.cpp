@@ -40,6 +40,12 @@ std::vector<int> equalWidths(int count, int room, int smallest) {
     return widths;
 }
 
+std::vector<int> stretchedWidths(std::vector<int> widths, int room) {
+    const int total = std::accumulate(widths.begin(), widths.end(), 0);
+    share(widths, std::max(room - total, 0), 0);
+    return widths;
+}
+
 std::vector<int> widthsAfterResize(std::vector<int> widths, int before, int after, int smallest) {
     const int total = std::accumulate(widths.begin(), widths.end(), 0);
     const int change = total > before ? std::max(0, after - total) : after - before;

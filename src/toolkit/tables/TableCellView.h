@@ -34,6 +34,12 @@ public:
     /// Whether the cell's row is selected. Called before each painting.
     void setHighlighted(bool highlighted) { setLabelColors(highlighted); }
 
+    /// Whether the cell shows what it will show, and nothing is still to come.
+    virtual bool isComplete() const { return true; }
+
+    /// Called when the cell is in view again after it was kept out of view for a while.
+    virtual void returnedToView() {}
+
     /// To be called when the cell shows something else than before.
     void needsDisplay() const {
         if (onChange) onChange();

@@ -4,7 +4,10 @@
 #include <algorithm>
 #include <string_view>
 
+#include "metadata/DataCoordinator.h"
+#include "metadata/TagManager.h"
 #include "platform/Localization.h"
+#include "window/preview/TableText.h"
 
 namespace marquell::window {
 namespace {
@@ -57,7 +60,7 @@ void PreviewTableCellView::configureLabel() {
             setText(shortened(answer.text, nameLabel.elideMode), State::present);
             break;
         case DisplayStringWrapper::Kind::noValue:
-            setText(labelText("n/a"), State::empty);
+            setText(noValueText(), State::empty);
             break;
         case DisplayStringWrapper::Kind::notRetrievedYet:
             setText(labelText("waiting…"), State::waiting);
@@ -76,6 +79,12 @@ void PreviewTableCellView::update(metadata::MetadataSource source) {
     if (node != nullptr) node->remove(*this, source);
     configureLabel();
     needsDisplay();
+}
+
+void PreviewTableCellView::returnedToView() {
+    if (state != State::waiting || node == nullptr || !valueKey) return;
+    const auto source = metadata::TagManager::shared().source(*valueKey);
+    if (source) metadata::DataCoordinator::shared().retrieveDataAsynchronously(node, *source);
 }
 
 void PreviewTableCellView::setLabelColors(bool highlighted) {

@@ -13,9 +13,9 @@ namespace marquell::window {
 
 /// One value of one node. Where the value is still to come the cell shows a placeholder, and
 /// refills itself when it is told. Held by shared_ptr, since nodes hold their observers weakly.
-class PreviewTableCellView final : public toolkit::TableCellView,
-                                   public metadata::DataIsReadyObserver,
-                                   public std::enable_shared_from_this<PreviewTableCellView> {
+class PreviewTableCellView : public toolkit::TableCellView,
+                             public metadata::DataIsReadyObserver,
+                             public std::enable_shared_from_this<PreviewTableCellView> {
 public:
     enum class State { waiting, present, empty };
 
@@ -24,6 +24,10 @@ public:
     void configureLabel();
 
     void update(metadata::MetadataSource source) override;
+
+    bool isComplete() const override { return state != State::waiting; }
+    /// What is in view comes before what was scrolled to meanwhile.
+    void returnedToView() override;
 
     State state = State::waiting;
     std::shared_ptr<pipeline::Node> node;

@@ -53,13 +53,9 @@ void PreviewTableViewController::build() {
 void PreviewTableViewController::updateAll(std::shared_ptr<const pipeline::FlatFileList> nodes) {
     const PreviewTablePlace place(*tableView_, source_);
     isUpdating_ = true;
-    tableView_->setAutoScroll(false);  // to the current row, at each step
     take(std::move(nodes));
     dataModel_.waitingForData->setValue(false);
-    tableView_->reloadData();
-    updateColumns();
-    place.restore(*tableView_, source_);
-    tableView_->setAutoScroll(true);
+    tableView_->reload(columns(), true, [&] { place.restore(*tableView_, source_); });
     updateSentence();
     isUpdating_ = false;
     tellCurrentNode();
@@ -72,14 +68,37 @@ void PreviewTableViewController::take(std::shared_ptr<const pipeline::FlatFileLi
     listIsOfSources_ = !dataModel_.sourceList.value().empty();
 }
 
-void PreviewTableViewController::updateColumns() {
+std::vector<toolkit::TableColumn> PreviewTableViewController::columns() const {
     std::vector<toolkit::TableColumn> columns;
     for (const std::string& id : dataModel_.columnList.value()) {
         const auto title = metadata::TagManager::shared().displayName(id);
         columns.push_back(
             {id, QString::fromUtf8(title.data(), static_cast<qsizetype>(title.size()))});
     }
-    tableView_->setColumns(std::move(columns), true);
+    return columns;
+}
+
+void PreviewTableViewController::updateColumns() { tableView_->setColumns(columns(), true); }
+
+std::vector<toolkit::TableCommand> PreviewTableViewController::commands() {
+    const auto rows = tableView_->selectedRows();
+    const auto copy = [this, rows] {
+        std::vector<std::string> ids;
+        for (const auto& column : tableView_->columns()) ids.push_back(column.identifier);
+        copy_.copyRows(source_.nodes, rows, std::move(ids));
+    };
+    return {{localizedText("Copy", "menu item"), QKeySequence::Copy,
+             !rows.empty() && !tableView_->columns().empty(), copy}};
+}
+
+void PreviewTableViewController::columnsWereMoved(const std::vector<int>& columns) {
+    const auto& shown = tableView_->columns();
+    std::vector<std::string> ids;
+    for (const int column : columns) {
+        ids.push_back(shown.at(static_cast<std::size_t>(column)).identifier);
+    }
+    dataModel_.defaults->setObject(platform::TextList(std::move(ids)),
+                                   dataModel_.columnList.storageKey);
 }
 
 std::shared_ptr<toolkit::TableCellView> PreviewTableViewController::viewFor(

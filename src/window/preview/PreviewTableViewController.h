@@ -4,6 +4,7 @@
 #include <QPointer>
 #include <functional>
 #include <memory>
+#include <vector>
 
 #include "pipeline/DataModel.h"
 #include "pipeline/FlatFileList.h"
@@ -12,6 +13,7 @@
 #include "variables/KVOResponder.h"
 #include "window/preview/EmptyListSentence.h"
 #include "window/preview/PreviewTableDataSource.h"
+#include "window/preview/TableCopy.h"
 
 namespace marquell::window {
 
@@ -44,7 +46,10 @@ private:
     std::shared_ptr<toolkit::TableCellView> viewFor(const toolkit::TableColumn& column,
                                                     int row) override;
     void selectionDidChange() override;
+    std::vector<toolkit::TableCommand> commands() override;
+    void columnsWereMoved(const std::vector<int>& columns) override;
 
+    std::vector<toolkit::TableColumn> columns() const;
     void take(std::shared_ptr<const pipeline::FlatFileList> nodes);
     QString sentence() const;
     void updateSentence();
@@ -55,6 +60,7 @@ private:
     bool listIsOfSources_ = false;  // whether there were sources when the list came
     bool isUpdating_ = false;
     std::shared_ptr<pipeline::Node> currentNode_;
+    TableCopy copy_;
     QPointer<toolkit::CellTable> tableView_;
     QPointer<EmptyListSentence> sentence_;
     const variables::KVOResponder sourceListResponder_;  // last: its function uses all the others
