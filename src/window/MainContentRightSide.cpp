@@ -30,8 +30,19 @@ namespace {
 
 constexpr double roomBelow = -38;  // for the action button and the status line
 constexpr double leastButtonWidth = 72;
+constexpr double tagBandHeight = 200;
+constexpr double tagTableWidth = 400;
 constexpr double modesTop = 6;
 constexpr double tabsTop = 35;
+
+/// A wall on the ground of the role, in whatever mode.
+template <typename Kind>
+Kind* onGround(Kind* wall, ColorRole role) {
+    wall->backgroundDrawingFunc = [wall, role](QPainter& painter, const QRectF& frame) {
+        painter.fillRect(frame, color(role, wall));
+    };
+    return wall;
+}
 
 TemplateImage icon(void (*draw)(QPainter&, const QRectF&, const QColor&, ResizingBehavior)) {
     return [draw](QPainter& painter, const QRectF& box, const QColor& color) {
@@ -42,10 +53,7 @@ TemplateImage icon(void (*draw)(QPainter&, const QRectF&, const QColor&, Resizin
 }  // namespace
 
 void MainContentViewController::buildRightSide() {
-    rightSideWall_->backgroundDrawingFunc = [wall = rightSideWall_](QPainter& painter,
-                                                                    const QRectF& frame) {
-        painter.fillRect(frame, color(ColorRole::page, wall));
-    };
+    onGround(rightSideWall_, ColorRole::page);
     rightStackView_ = new FragmentStackView;
     rightStackView_->setInheritsFlipped(true);
     rightStackView_->setSpacing(2);
@@ -56,6 +64,7 @@ void MainContentViewController::buildRightSide() {
             .pin(top, top, 0)
             .pin(bottom, bottom, roomBelow);
     });
+    createTagFragment();
     createPreviewFragment();
     createActionButton();
     createStatusLine();
@@ -63,7 +72,8 @@ void MainContentViewController::buildRightSide() {
     follow(*dataModel_.outputFormat, [this](auto) { updateActionButton(); });
 }
 
-void MainContentViewController::createPreviewFragment() {
+/// As wide as the right side.
+FragmentWall* MainContentViewController::createRightFragment() {
     auto* fragment = new FragmentWall;
     rightStackView_->addFragment(fragment);
     LayoutConstraintMaker make(fragment);
@@ -73,6 +83,31 @@ void MainContentViewController::createPreviewFragment() {
         setContentHuggingPriority(fragment, orientation, LayoutPriority::high);
         setContentCompressionResistancePriority(fragment, orientation, LayoutPriority::low);
     }
+    return fragment;
+}
+
+/// The catalogue of columns above the preview.
+void MainContentViewController::createTagFragment() {
+    FragmentWall* const fragment = onGround(createRightFragment(), ColorRole::tagBand);
+    LayoutConstraintMaker make(fragment);
+    make.height(tagBandHeight);
+    addConstraints(rightStackView_, make.constraints);
+    tagListTableViewController_ =
+        makeController<lists::TagListTableViewController>(dataModel_.columnList);
+    fragment->factory().internalAddBrick(
+        tagListTableViewController_->view(), [](LayoutConstraintMaker& inside) {
+            inside.width(tagTableWidth);
+            inside.container().place(left, left).place(top, top).place(bottom, bottom);
+        });
+    follow(*dataModel_.showTagTableView, [this, fragment](bool isShown) {
+        rightStackView_->setVisibilityPriority(
+            isShown ? VisibilityPriority::detachOnlyIfNecessary : VisibilityPriority::notVisible,
+            fragment);
+    });
+}
+
+void MainContentViewController::createPreviewFragment() {
+    FragmentWall* const fragment = createRightFragment();
     createModeControl(*fragment);
     createTabs(*fragment);
 }

@@ -7,6 +7,7 @@
 
 #include "lists/tables/ColumnListTableViewController.h"
 #include "lists/tables/SourceListTableViewController.h"
+#include "lists/tables/TagListTableViewController.h"
 #include "pipeline/DataModel.h"
 #include "pipeline/OutputEngine.h"
 #include "pipeline/OutputEngineDisplay.h"
@@ -101,6 +102,8 @@ private:
     void buildRightSide();
     void createActionButton();
     void createStatusLine();
+    toolkit::FragmentWall* createRightFragment();
+    void createTagFragment();
     void createPreviewFragment();
     void createModeControl(toolkit::FragmentWall& fragment);
     void createTabs(toolkit::FragmentWall& fragment);
@@ -149,6 +152,7 @@ private:
 
     std::unique_ptr<lists::SourceListTableViewController> sourceListTableViewController_;
     std::unique_ptr<lists::ColumnListTableViewController> columnsListTableViewController_;
+    std::unique_ptr<lists::TagListTableViewController> tagListTableViewController_;
     std::unique_ptr<PreviewTableViewController> previewTableViewController_;
     std::unique_ptr<InfoPaneViewController> infoPaneViewController_;
     std::unique_ptr<shell::SmartTimerWrapper> windowUITimer_;

@@ -2,6 +2,7 @@
 #include "window/preview/PreviewTableCellView.h"
 
 #include <algorithm>
+#include <array>
 #include <string_view>
 
 #include "metadata/DataCoordinator.h"
@@ -20,6 +21,15 @@ constexpr qsizetype longestText = 2000;
 
 // Of a unit of UTF-16, in UTF-8.
 constexpr std::size_t mostBytes = 3;
+
+/// What tells one name or path from another is also at its end.
+constexpr std::array<std::string_view, 4> nameColumns = {"absolute_path", "absolute_parent_path",
+                                                         "relative_path", "name"};
+
+Qt::TextElideMode elideModeOf(std::string_view columnId) {
+    const bool isName = std::ranges::find(nameColumns, columnId) != nameColumns.end();
+    return isName ? Qt::ElideMiddle : Qt::ElideRight;
+}
 
 QString firstUnits(std::string_view text, qsizetype count) {
     const auto bytes = std::min(text.size(), mostBytes * static_cast<std::size_t>(count + 1));
@@ -54,6 +64,7 @@ QString labelText(std::string_view english) {
 
 void PreviewTableCellView::configureLabel() {
     if (node == nullptr || !valueKey) return;
+    nameLabel.elideMode = elideModeOf(*valueKey);
     const DisplayStringWrapper answer = node->getDisplayString(*valueKey);
     switch (answer.kind) {
         case DisplayStringWrapper::Kind::string:

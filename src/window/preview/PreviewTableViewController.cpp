@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/preview/PreviewTableViewController.h"
 
-#include <algorithm>
-#include <array>
-#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -13,19 +10,6 @@
 #include "window/preview/PreviewTablePlace.h"
 
 namespace marquell::window {
-namespace {
-
-/// What tells one path from another is at its end.
-constexpr std::array<std::string_view, 3> pathColumns = {"absolute_path", "absolute_parent_path",
-                                                         "relative_path"};
-
-Qt::TextElideMode elideModeOf(std::string_view columnId) {
-    const bool isPath =
-        std::find(pathColumns.begin(), pathColumns.end(), columnId) != pathColumns.end();
-    return isPath ? Qt::ElideMiddle : Qt::ElideRight;
-}
-
-}  // namespace
 
 PreviewTableViewController::PreviewTableViewController(pipeline::DataModel& dataModel)
     : dataModel_(dataModel),
@@ -104,7 +88,6 @@ void PreviewTableViewController::columnsWereMoved(const std::vector<int>& column
 std::shared_ptr<toolkit::TableCellView> PreviewTableViewController::viewFor(
     const toolkit::TableColumn& column, int row) {
     auto cell = std::make_shared<PreviewTableCellView>();
-    cell->nameLabel.elideMode = elideModeOf(column.identifier);
     cell->node = source_.node(row);
     cell->valueKey = column.identifier;
     cell->configureLabel();
