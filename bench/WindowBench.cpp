@@ -27,39 +27,15 @@
 #include <utility>
 #include <vector>
 
+#include "ProgramRun.h"
 #include "SlowDisk.h"
 #include "Watchdog.h"
-#include "shell/AppDelegate.h"
-#include "shell/QtMainQueue.h"
 #include "window/MainContentViewController.h"
 
 namespace marquell::bench {
 namespace {
 
-using Clock = std::chrono::steady_clock;
-using Milliseconds = std::chrono::duration<double, std::milli>;
 using pipeline::OutputFormatIndexEnum;
-
-double millisecondsSince(Clock::time_point begin) {
-    return Milliseconds(Clock::now() - begin).count();
-}
-
-/// A folder that is gone afterwards.
-class Folder {
-public:
-    Folder() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "marquell-XXXXXX").string();
-        path = ::mkdtemp(pattern.data());
-    }
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
-    ~Folder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path, ignored);
-    }
-
-    std::filesystem::path path;
-};
 
 /// Folders of a thousand empty files each.
 void makeTree(const std::filesystem::path& root, int files) {
@@ -91,43 +67,6 @@ private:
     int step_ = 0;
     QTimer timer_;
 };
-
-/// The program as a user has it, but with settings of its own.
-class Program {
-public:
-    Program() {
-        platform::MainQueue::install(&mainQueue);
-        delegate.emplace();
-        delegate->finishLaunching();
-    }
-    ~Program() {
-        delegate.reset();
-        platform::MainQueue::install(nullptr);
-    }
-    Program(const Program&) = delete;
-    Program& operator=(const Program&) = delete;
-
-    pipeline::DataModel& model() { return delegate->dataModel(); }
-    pipeline::OutputEngine& engine() { return delegate->outputEngine(); }
-    window::MainContentViewController& content() {
-        return *delegate->mainWindow()->mainContentViewController();
-    }
-
-    shell::QtMainQueue mainQueue;
-    std::optional<shell::AppDelegate> delegate;
-};
-
-void runEventsUntil(const std::function<bool()>& isDone) {
-    // Looks again in time even if no event comes.
-    QTimer heart;
-    heart.start(10);
-    while (!isDone()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-}
-
-void runEventsFor(std::chrono::milliseconds time) {
-    const auto end = Clock::now() + time;
-    runEventsUntil([end] { return Clock::now() >= end; });
-}
 
 std::size_t textSize(Program& program) {
     const auto text = program.engine().currentOutputString();

@@ -63,7 +63,7 @@ void DataCoordinator::retrieveDataAsynchronously(std::shared_ptr<Node> node,
     if (!queue_.addOperation(std::make_shared<TakeNextRequest>(*this))) waiting_.pop_back();
 }
 
-std::shared_ptr<const DataCoordinator::Request> DataCoordinator::takeNext() {
+DataCoordinator::Requests DataCoordinator::takeNext() {
     const std::lock_guard lock(mutex_);
     std::erase_if(waiting_, [](const auto& request) {
         if (request->node->interest(request->source) != pipeline::ObserverInterest::lost) {
@@ -80,20 +80,38 @@ std::shared_ptr<const DataCoordinator::Request> DataCoordinator::takeNext() {
     const auto best =
         std::max_element(waiting_.rbegin(), waiting_.rend(),
                          [&rank](const auto& a, const auto& b) { return rank(a) < rank(b); });
-    if (best == waiting_.rend()) return nullptr;
-    std::shared_ptr<const Request> taken = *best;
-    waiting_.erase(std::next(best).base());
+    if (best == waiting_.rend()) return {};
+    const auto source = (*best)->source;
+    const auto bestRank = rank(*best);
+    const std::size_t most = extractionOf(source)->nodesAtOnce;
+    Requests taken;
+    for (auto each = best; each != waiting_.rend() && taken.size() < most; ++each) {
+        if ((*each)->source == source && rank(*each) == bestRank) taken.push_back(*each);
+    }
+    std::erase_if(waiting_, [&taken](const auto& request) {
+        return std::find(taken.begin(), taken.end(), request) != taken.end();
+    });
     return taken;
 }
 
 void DataCoordinator::runNext(const pipeline::StopCheck& isClosing) {
-    const std::shared_ptr<const Request> request = takeNext();
-    if (request == nullptr) return;
-    Node& node = *request->node;
+    const Requests requests = takeNext();
     // Hours of reading are not for somebody who has looked away since.
-    retrieveDataSynchronously(node, request->source, [&] {
-        return isClosing() || node.interest(request->source) == pipeline::ObserverInterest::lost;
-    });
+    const auto isLost = [](const auto& request) {
+        return request->node->interest(request->source) == pipeline::ObserverInterest::lost;
+    };
+    if (requests.size() > 1) {
+        std::vector<Node*> nodes;
+        for (const auto& request : requests) nodes.push_back(request->node.get());
+        retrieveDataAhead(nodes, requests.front()->source, [&] {
+            return isClosing() || std::all_of(requests.begin(), requests.end(), isLost);
+        });
+    }
+    // Also those that another thread is at, or has been.
+    for (const auto& request : requests) {
+        retrieveDataSynchronously(*request->node, request->source,
+                                  [&] { return isClosing() || isLost(request); });
+    }
 }
 
 void DataCoordinator::retrieveDataSynchronously(Node& node, MetadataSource source,

@@ -28,7 +28,8 @@ public:
     static DataCoordinator& shared();
 
     /// Has the source run for the node on the coordinator's own thread; at its end the node's
-    /// observers are told. One extraction runs at a time. Of the waiting requests the order is
+    /// observers are told. One extraction runs at a time, of as many requests for one source as are
+    /// faster together. Of the waiting requests the order is
     /// priority (basic information first), then those whose observers still exist, then the newest;
     /// a request that had observers and has lost them all is dropped, since nobody looks any more.
     /// Asking again for what already waits makes it the newest, with observers yet to come. One
@@ -50,14 +51,15 @@ public:
 
 private:
     struct Request;
+    using Requests = std::vector<std::shared_ptr<const Request>>;
     class TakeNextRequest;
 
     void runNext(const pipeline::StopCheck& isClosing);
-    std::shared_ptr<const Request> takeNext();
+    Requests takeNext();
 
     std::mutex mutex_;
-    std::vector<std::shared_ptr<const Request>> waiting_;  // guarded by mutex_, oldest first
-    platform::OperationQueue queue_{"DataCoordinator"};    // last: stops before the rest goes
+    Requests waiting_;                                   // guarded by mutex_, oldest first
+    platform::OperationQueue queue_{"DataCoordinator"};  // last: stops before the rest goes
 };
 
 }  // namespace marquell::metadata
