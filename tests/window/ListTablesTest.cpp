@@ -413,6 +413,14 @@ using testing::ElementsAre;
 class TextCell : public TableCellView {
 public:
     explicit TextCell(const QString& text) { nameLabel.text = text; }
+    bool isComplete() const override { return !waits; }
+    void show(const QString& text) {
+        nameLabel.text = text;
+        waits = false;
+        needsDisplay();
+    }
+
+    bool waits = false;
 
 protected:
     void setLabelColors(bool /*highlighted*/) override {}
@@ -426,8 +434,15 @@ public:
         ++made;
         lastRow = std::max(lastRow, row);
         auto cell = std::make_shared<TextCell>(column.title + QString::number(row));
+        cell->waits = waits;
         alive.push_back(cell);
         return cell;
+    }
+    /// Gives all cells their value, one after the other.
+    void answer(const QString& text) {
+        for (const auto& each : alive) {
+            if (const auto cell = each.lock()) cell->show(text);
+        }
     }
     int takeMade() { return std::exchange(made, 0); }
     long living() const {
@@ -437,7 +452,8 @@ public:
     int rows = 1'000'000;
     int made = 0;
     int lastRow = -1;
-    std::vector<std::weak_ptr<TableCellView>> alive;
+    bool waits = false;
+    std::vector<std::weak_ptr<TextCell>> alive;
 };
 
 class LargeTable : public testing::Test {
@@ -554,6 +570,32 @@ TEST_F(LargeTable, ColumnsShareTheView) {
     EXPECT_TRUE(table.horizontalScrollBar()->isVisible());
     EXPECT_THAT(share(50), Each(88));
     EXPECT_THAT(share(0), ElementsAre());
+}
+
+TEST_F(LargeTable, ColumnsBeginAsWideAsTheyNeedWithinLimits) {
+    const auto fit = [&](const char* title) {
+        table.setColumns({{"a", QString::fromUtf8(title)}, {"b", QStringLiteral("B")}}, true);
+        return table.columnWidth(0);
+    };
+    table.resize(200, table.height());
+    const int plain = fit("A column of some width");
+    EXPECT_GT(plain, 88);
+    EXPECT_LT(plain, 320);
+    EXPECT_GT(fit("A column of some more width"), plain);
+    const std::string longTitle(200, 'W');
+    EXPECT_EQ(fit(longTitle.c_str()), 320);
+
+    source.waits = true;
+    source.made = 0;
+    table.setColumns({{"a", QStringLiteral("A")}, {"b", QStringLiteral("B")}}, true);
+    EXPECT_LE(source.made, 2 * 25) << "only cells in view are measured";
+    const int half = table.viewport()->width() / 2;
+    EXPECT_EQ(table.columnWidth(0), half);
+    source.answer(QStringLiteral("a value that needs some more room"));
+    EXPECT_GT(table.columnWidth(0), half) << "once more when all values are there";
+    table.horizontalHeader()->resizeSection(0, 50);
+    source.answer(QStringLiteral("a value that needs some more room than that"));
+    EXPECT_EQ(table.columnWidth(0), 50) << "the user's choice";
 }
 
 QRect inkOf(const QImage& image, const QColor& ink) {

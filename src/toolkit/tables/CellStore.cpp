@@ -15,19 +15,18 @@ CellStore::CellPtr CellStore::make(int row, int column) const {
     return source_.viewFor(columns_.at(static_cast<std::size_t>(column)), row);
 }
 
-CellStore::Entry& CellStore::entry(int row, int column) {
+CellStore::CellPtr CellStore::cell(int row, int column) {
     const auto found = cells_.find({row, column});
     if (found != cells_.end()) return found->second;
-    const CellPtr made = make(row, column);
+    CellPtr made = make(row, column);
     made->onChange = [this, row, column] { changed_(row, column); };
-    return cells_.emplace(std::pair(row, column), Entry{made, true}).first->second;
+    cells_.emplace(std::pair(row, column), made);
+    return made;
 }
-
-CellStore::CellPtr CellStore::cell(int row, int column) { return entry(row, column).cell; }
 
 CellStore::CellPtr CellStore::cellForReading(int row, int column) const {
     const auto found = cells_.find({row, column});
-    return found != cells_.end() ? found->second.cell : make(row, column);
+    return found != cells_.end() ? found->second : make(row, column);
 }
 
 void CellStore::clear() {
@@ -38,29 +37,34 @@ void CellStore::keepOnly(const std::function<bool(int row, int column)>& isNear)
     std::erase_if(cells_, [&](const auto& entry) {
         const auto [row, column] = entry.first;
         if (isNear(row, column)) return false;
-        entry.second.cell->onChange = {};  // others may hold the cell still
+        entry.second->onChange = {};  // others may hold the cell still
         return true;
     });
 }
 
 void CellStore::show(const RowRange& rows, const std::vector<int>& columns) {
-    for (auto& [place, each] : cells_) {
-        const auto [row, column] = place;
-        if (row < rows.first || row > rows.last || !std::ranges::count(columns, column)) {
-            each.isInView = false;
-        }
-    }
+    const bool isSame = rows.first == rowsInView_.first && rows.last == rowsInView_.last &&
+                        columns == columnsInView_;
+    rowsInView_ = rows;
+    columnsInView_ = columns;
     for (int row = rows.last; row >= rows.first; --row) {
         for (const int column : columns) {
-            Entry& each = entry(row, column);
-            if (!std::exchange(each.isInView, true)) each.cell->returnedToView();
+            const auto found = cells_.find({row, column});
+            if (found == cells_.end()) {
+                cell(row, column);
+            } else if (!isSame) {
+                found->second->viewMoved();
+            }
         }
     }
 }
 
 bool CellStore::isComplete() const {
-    return std::ranges::all_of(cells_, [](const auto& each) {
-        return !each.second.isInView || each.second.cell->isComplete();
+    return std::ranges::all_of(cells_, [this](const auto& entry) {
+        const auto [row, column] = entry.first;
+        const bool isInView = row >= rowsInView_.first && row <= rowsInView_.last &&
+                              std::ranges::count(columnsInView_, column) > 0;
+        return !isInView || entry.second->isComplete();
     });
 }
 

@@ -35,26 +35,22 @@ public:
     /// Lets go of the cells that are not near.
     void keepOnly(const std::function<bool(int row, int column)>& isNear);
 
-    /// Makes the cells that have come into view, and tells those that are there again. The upper
-    /// rows come last: of what cells ask for the newest is fetched first.
+    /// Makes the cells that have come into view, and tells the others there of a change of what is
+    /// in view. The upper rows come last: of what cells ask for the newest is fetched first.
     void show(const RowRange& rows, const std::vector<int>& columns);
 
     /// Whether no cell in view waits for anything.
     bool isComplete() const;
 
 private:
-    struct Entry {
-        CellPtr cell;
-        bool isInView = false;
-    };
-
     CellPtr make(int row, int column) const;
-    Entry& entry(int row, int column);
 
     CellTableSource& source_;
     const std::vector<TableColumn>& columns_;
     const ChangeFunc changed_;
-    std::map<std::pair<int, int>, Entry> cells_;  // by row and column
+    std::map<std::pair<int, int>, CellPtr> cells_;  // by row and column
+    RowRange rowsInView_ = {0, -1};
+    std::vector<int> columnsInView_;
 };
 
 }  // namespace marquell::toolkit

@@ -3,6 +3,7 @@
 
 #include <QPainter>
 #include <QScrollBar>
+#include <QSignalBlocker>
 #include <QStyleOptionFocusRect>
 #include <algorithm>
 #include <cstdlib>
@@ -60,7 +61,8 @@ CellTable::CellTable(CellTableSource& source, QWidget* parent)
     horizontalHeader()->setSelectionModel(new QItemSelectionModel(model_, this));
     setItemDelegate(delegate_);
     setUpHeader(*horizontalHeader());
-    connect(horizontalHeader(), &QHeaderView::sectionMoved, this, &CellTable::tellOfMovedColumns);
+    connect(horizontalHeader(), &QHeaderView::sectionMoved, this, &CellTable::columnMoved);
+    horizontalHeader()->viewport()->installEventFilter(this);
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->hide();
     auto* corner = new HeaderCorner(*horizontalHeader(), this);
@@ -112,6 +114,7 @@ void CellTable::replaceColumns(std::vector<TableColumn> columns, bool withHeader
     horizontalHeader()->setSectionsMovable(withHeader);
     headerCorner_->setVisible(withHeader);
     wereColumnsMoved_ = false;
+    areColumnsHeld_ = false;
     fitting_->start(withHeader, viewport()->width());
 }
 
@@ -220,13 +223,26 @@ void CellTable::showCellsInView() {
 }
 
 void CellTable::cellChanged(int row, int column) {
-    viewport()->update(visualRect(model_->index(row, column)));
-    fitting_->cellsShown(cells_->isComplete());
+    model_->tellChange(row, column);
+    if (isVisible()) fitting_->cellsShown(cells_->isComplete());
 }
 
 int CellTable::sizeHintForColumn(int column) const {
-    // A cell of another column would be made, and ask for its value.
-    return columnIsInView(column) ? QTableView::sizeHintForColumn(column) : -1;
+    // Other cells would be made, and ask for their values; of a hidden table all there are.
+    return isVisible() && columnIsInView(column) ? QTableView::sizeHintForColumn(column) : -1;
+}
+
+bool CellTable::eventFilter(QObject* watched, QEvent* event) {
+    const bool isOfHeader = watched == horizontalHeader()->viewport();
+    if (isOfHeader && event->type() == QEvent::MouseButtonPress) areColumnsHeld_ = true;
+    return QTableView::eventFilter(watched, event);
+}
+
+void CellTable::columnMoved(int /*column*/, int from, int to) {
+    if (areColumnsHeld_) return tellOfMovedColumns();
+    // Others have come since this one was taken hold of.
+    const QSignalBlocker blocker(horizontalHeader());
+    horizontalHeader()->moveSection(to, from);
 }
 
 /// The header is still at it: to replace its columns has to wait.

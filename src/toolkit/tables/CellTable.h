@@ -155,6 +155,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     QModelIndex moveCursor(CursorAction cursorAction, Qt::KeyboardModifiers modifiers) override;
     bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     bool viewportEvent(QEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -174,11 +175,13 @@ private:
     void contentMoved();
     void showCellsInView();
     void cellChanged(int row, int column);
+    void columnMoved(int column, int from, int to);
     void tellOfMovedColumns();
     void applyMetrics();
     void showCellToolTip(const QHelpEvent& event) const;
     bool runCommand(const QKeyEvent& event);
     void goToRow(int row);
+    int rowBeyondSeparators(int row, int step) const;
     QRegion selectedRegion() const;
     QRect rowRect(int row) const;
 
@@ -187,6 +190,7 @@ private:
     bool hasHeader_ = false;
     bool isResetting_ = false;
     bool wereColumnsMoved_ = false;
+    bool areColumnsHeld_ = false;  // by the pointer, at a header, since these are the columns
     int dropGap_ = -1;
     QString typed_;
     QElapsedTimer sinceTyped_;

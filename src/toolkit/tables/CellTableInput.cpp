@@ -28,6 +28,13 @@ QKeySequence keyOf(const QKeyEvent& event) {
     return QKeyCombination(event.modifiers() & ~Qt::KeypadModifier, Qt::Key(event.key()));
 }
 
+/// The desktop has several keys for copying.
+bool answersTo(const TableCommand& command, const QKeySequence& key) {
+    if (command.key.isEmpty()) return false;
+    if (command.key != QKeySequence(QKeySequence::Copy)) return command.key == key;
+    return QKeySequence::keyBindings(QKeySequence::Copy).contains(key);
+}
+
 int countOf(const std::vector<RowRange>& rows) {
     int count = 0;
     for (const RowRange& each : rows) count += each.last - each.first + 1;
@@ -49,9 +56,14 @@ QModelIndex CellTable::moveCursor(CursorAction cursorAction, Qt::KeyboardModifie
         target = QTableView::moveCursor(cursorAction, modifiers);
         step = target.row() < currentIndex().row() ? -1 : 1;
     }
-    int row = target.row();
-    while (row >= 0 && row <= last && source_.isSeparator(row)) row += step;
+    const int row = rowBeyondSeparators(target.row(), step);
     return row == target.row() ? target : model_->index(row, target.column());
+}
+
+/// The row itself or the next one that is none; no row of the table if there is none.
+int CellTable::rowBeyondSeparators(int row, int step) const {
+    while (row >= 0 && row < model_->rowCount() && source_.isSeparator(row)) row += step;
+    return row;
 }
 
 bool CellTable::event(QEvent* event) {
@@ -60,7 +72,7 @@ bool CellTable::event(QEvent* event) {
         const QKeySequence key = keyOf(static_cast<QKeyEvent&>(*event));
         const auto commands = source_.commands();
         const bool isOurs = std::ranges::any_of(
-            commands, [&](const TableCommand& each) { return each.key == key; });
+            commands, [&](const TableCommand& each) { return answersTo(each, key); });
         if (isOurs || key == QKeySequence::SelectAll) event->accept();
     }
     return QTableView::event(event);
@@ -69,7 +81,7 @@ bool CellTable::event(QEvent* event) {
 bool CellTable::runCommand(const QKeyEvent& event) {
     const QKeySequence key = keyOf(event);
     for (const TableCommand& each : source_.commands()) {
-        if (each.key.isEmpty() || each.key != key) continue;
+        if (!answersTo(each, key)) continue;
         if (each.isEnabled) each.run();
         return true;
     }
@@ -109,6 +121,7 @@ void CellTable::goToRow(int row) {
 }
 
 void CellTable::focusButtonOf(int row) {
+    row = rowBeyondSeparators(row, row < currentIndex().row() ? -1 : 1);
     if (row < 0 || row >= model_->rowCount()) return;
     goToRow(row);
     if (!buttons_->setFocus(row)) setFocus(Qt::OtherFocusReason);

@@ -30,6 +30,10 @@ void CellTableModel::resetRowCount(int rowCount) {
     endResetModel();
 }
 
+void CellTableModel::tellChange(int row, int column) {
+    Q_EMIT dataChanged(index(row, column), index(row, column));
+}
+
 void CellTableModel::beginColumnChange() {
     // Without columns in between the header would keep the order that the old ones were moved to.
     beginResetModel();
@@ -66,7 +70,7 @@ Qt::ItemFlags CellTableModel::flags(const QModelIndex& index) const {
 
 QVariant CellTableModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
-    return columns_.at(static_cast<std::size_t>(section)).title;
+    return headerText(columns_.at(static_cast<std::size_t>(section)).title);
 }
 
 }  // namespace marquell::toolkit

@@ -19,6 +19,9 @@ public:
     /// Much quicker for many rows; what is selected and in view is forgotten.
     void resetRowCount(int rowCount);
 
+    /// A cell shows something else than before.
+    void tellChange(int row, int column);
+
     /// Between these two the columns may change, and the number of rows with them. Ends all
     /// selection.
     void beginColumnChange();

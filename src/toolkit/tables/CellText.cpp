@@ -84,6 +84,10 @@ void drawCellLabel(QPainter& painter, const QRectF& box, const CellLabel& label,
     drawTextLine(painter, box, fitted(text.choice, fonts.choice, room, label.elideMode));
 }
 
+QString headerText(const QString& title) {
+    return visibleText(shortened(title, longestLabel, Qt::ElideRight));
+}
+
 double naturalWidth(const CellLabel& label) {
     return widthOf(shownText(label, longestLabel), cellFonts());
 }

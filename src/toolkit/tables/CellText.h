@@ -16,6 +16,9 @@ namespace marquell::toolkit {
 void drawCellLabel(QPainter& painter, const QRectF& box, const CellLabel& label,
                    const QWidget* view);
 
+/// A column's title as its header shows it.
+QString headerText(const QString& title);
+
 /// The room that the whole label takes, in px.
 double naturalWidth(const CellLabel& label);
 

@@ -37,8 +37,8 @@ public:
     /// Whether the cell shows what it will show, and nothing is still to come.
     virtual bool isComplete() const { return true; }
 
-    /// Called when the cell is in view again after it was kept out of view for a while.
-    virtual void returnedToView() {}
+    /// Called when the cell is in view, as it was made before, and others have come or gone there.
+    virtual void viewMoved() {}
 
     /// To be called when the cell shows something else than before.
     void needsDisplay() const {

@@ -104,8 +104,8 @@ void InfoPaneViewController::place(SegmentedControlBrick* segments, Wall* frame)
 }
 
 void InfoPaneViewController::showCategory(int category) {
-    columnIds_ = metadata::TagManager::shared().columns(category);
     tableView_->selectRows({});
+    columnIds_ = metadata::TagManager::shared().columns(category);
     tableView_->reloadData();
     tableView_->scrollToTop();
 }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/info/MarquellSplitView.h"
 
-#include <QApplication>
 #include <QEvent>
 #include <QPainter>
 #include <algorithm>
@@ -49,7 +48,7 @@ void MarquellSplitView::dragDivider(int position) {
 void MarquellSplitView::toggleByDoubleClick() { askForPaneHeight(isCollapsed_ ? paneHeight_ : 0); }
 
 void MarquellSplitView::setCollapsed(bool isCollapsed) {
-    const bool hasFocus = delegate_.infoPane->isAncestorOf(QApplication::focusWidget());
+    const bool hasFocus = delegate_.infoPane->isAncestorOf(window()->focusWidget());
     if (isCollapsed && hasFocus) delegate_.mainView->setFocus(Qt::OtherFocusReason);
     isCollapsed_ = isCollapsed;
     placeViews();

@@ -6,7 +6,7 @@
 namespace marquell::window {
 
 std::optional<double> MarquellSplitViewDelegate::constrainHeightOfInfoPane(double asked) {
-    if (asked < minimumHeightOfInfoPane / 2) return std::nullopt;
+    if (!(asked >= minimumHeightOfInfoPane / 2)) return std::nullopt;  // nor what is no number
     return std::clamp(asked, minimumHeightOfInfoPane, maximumHeightOfInfoPane);
 }
 

@@ -92,7 +92,7 @@ void PreviewTableCellView::update(metadata::MetadataSource source) {
     needsDisplay();
 }
 
-void PreviewTableCellView::returnedToView() {
+void PreviewTableCellView::viewMoved() {
     if (state != State::waiting || node == nullptr || !valueKey) return;
     const auto source = metadata::TagManager::shared().source(*valueKey);
     if (source) metadata::DataCoordinator::shared().retrieveDataAsynchronously(node, *source);

@@ -27,7 +27,7 @@ public:
 
     bool isComplete() const override { return state != State::waiting; }
     /// What is in view comes before what was scrolled to meanwhile.
-    void returnedToView() override;
+    void viewMoved() override;
 
     State state = State::waiting;
     std::shared_ptr<pipeline::Node> node;

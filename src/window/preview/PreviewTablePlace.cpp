@@ -16,7 +16,7 @@ namespace {
 
 using toolkit::RowRange;
 
-// A larger selection is kept by rows, since it is one range most of the time.
+// To look for more would take too long.
 constexpr int mostSelectedRows = 1000;
 
 /// Answers for a million paths in a few milliseconds whether they are among some few.
@@ -88,7 +88,7 @@ PreviewTablePlace::Found PreviewTablePlace::findIn(const pipeline::FlatFileList&
         pipeline::prefetchAhead(list.files, i);
         const std::string_view path = list.files[i]->absolutePath();
         if (selected.contains(path)) append(found.selected, static_cast<int>(i));
-        if (path == edge) found.edge = static_cast<int>(i);
+        if (edge_ && path == edge) found.edge = static_cast<int>(i);
     }
     return found;
 }
@@ -98,7 +98,8 @@ void PreviewTablePlace::restore(toolkit::CellTable& table,
     const bool isOther = source.nodes != nullptr && source.nodes != list_;
     Found found;
     if (isOther && (edge_ || !selected_.empty())) found = findIn(*source.nodes);
-    if (isOther && !selected_.empty()) table.selectRows(found.selected);
+    // Rows of the same numbers would be other files.
+    if (isOther) table.selectRows(found.selected);
     QScrollBar& bar = *table.verticalScrollBar();
     bar.setValue(found.edge ? bar.value() + table.rowViewportPosition(*found.edge) - edge_->position
                             : scrolled_);

@@ -37,8 +37,9 @@ void PreviewTableViewController::build() {
 void PreviewTableViewController::updateAll(std::shared_ptr<const pipeline::FlatFileList> nodes) {
     const PreviewTablePlace place(*tableView_, source_);
     isUpdating_ = true;
-    take(std::move(nodes));
+    // This may show the table, whose cells are those of the list before until it is reloaded.
     dataModel_.waitingForData->setValue(false);
+    take(std::move(nodes));
     tableView_->reload(columns(), true, [&] { place.restore(*tableView_, source_); });
     updateSentence();
     isUpdating_ = false;
@@ -65,14 +66,14 @@ std::vector<toolkit::TableColumn> PreviewTableViewController::columns() const {
 void PreviewTableViewController::updateColumns() { tableView_->setColumns(columns(), true); }
 
 std::vector<toolkit::TableCommand> PreviewTableViewController::commands() {
-    const auto rows = tableView_->selectedRows();
-    const auto copy = [this, rows] {
+    // Another list may have come since the menu was opened.
+    const auto copy = [this] {
         std::vector<std::string> ids;
         for (const auto& column : tableView_->columns()) ids.push_back(column.identifier);
-        copy_.copyRows(source_.nodes, rows, std::move(ids));
+        copy_.copyRows(source_.nodes, tableView_->selectedRows(), std::move(ids));
     };
     return {{localizedText("Copy", "menu item"), QKeySequence::Copy,
-             !rows.empty() && !tableView_->columns().empty(), copy}};
+             tableView_->selectedRow() >= 0 && !tableView_->columns().empty(), copy}};
 }
 
 void PreviewTableViewController::columnsWereMoved(const std::vector<int>& columns) {
