@@ -219,12 +219,12 @@ void CellTable::showCellsInView() {
         if (columnIsInView(column)) columns.push_back(column);
     }
     cells_->show(rowsInView(), columns);
-    fitting_->cellsShown(cells_->isComplete());
+    fitting_->cellsShown([this] { return cells_->isComplete(); });
 }
 
 void CellTable::cellChanged(int row, int column) {
     model_->tellChange(row, column);
-    if (isVisible()) fitting_->cellsShown(cells_->isComplete());
+    if (isVisible()) fitting_->cellsShown([this] { return cells_->isComplete(); });
 }
 
 int CellTable::sizeHintForColumn(int column) const {

@@ -62,13 +62,13 @@ std::vector<int> ColumnFitting::firstWidths(int room) const {
     return widths;
 }
 
-void ColumnFitting::cellsShown(bool areComplete) {
+void ColumnFitting::cellsShown(const std::function<bool()>& areComplete) {
     if (!withHeaders_ || room_ <= 0 || isApplying_) return;
     if (!isFitted_) {
         isFitted_ = true;
         fitToContents();
-        if (!areComplete) sinceFit_.start();
-    } else if (sinceFit_.isValid() && areComplete) {
+        if (!areComplete()) sinceFit_.start();
+    } else if (sinceFit_.isValid() && areComplete()) {
         if (sinceFit_.elapsed() < soon) fitToContents();
         sinceFit_.invalidate();
     }

@@ -27,9 +27,10 @@ public:
 
     void roomChanged(int room);
 
-    /// Cells are in view, or others than before; `areComplete` if none waits for its value. The
-    /// first ones are fitted to, and once more if their values come soon: later it would disturb.
-    void cellsShown(bool areComplete);
+    /// Cells are in view, or others than before; `areComplete` tells whether none waits for its
+    /// value. The first ones are fitted to, and once more if their values come soon: later it would
+    /// disturb.
+    void cellsShown(const std::function<bool()>& areComplete);
 
 private:
     void fitToContents();
