@@ -15,6 +15,8 @@ namespace marquell::lists {
 
 using toolkit::RowRange;
 
+constexpr double frameWidth = 1;  // points
+
 ListTableViewController::ListTableViewController(StoredListData& listData,
                                                  std::shared_ptr<platform::UserDefaults> defaults)
     : listData_(listData), defaults_(std::move(defaults)), shown_(listData_.value()) {}
@@ -29,14 +31,8 @@ void ListTableViewController::build() {
     view->setBorderColor(color(toolkit::ColorRole::listFrame, toolkit::Surface::column));
 
     auto* table = new ListTable(*this);
-    view->factory().internalAddBrick(table, [](toolkit::LayoutConstraintMaker& make) {
-        using enum toolkit::LayoutAttribute;
-        make.container()
-            .pin(left, left, 1)
-            .pin(top, top, 1)
-            .pin(right, right, -1)
-            .pin(bottom, bottom, -1);
-    });
+    view->factory().internalAddBrick(
+        table, [](toolkit::LayoutConstraintMaker& make) { make.fillContainer(frameWidth); });
     actions_.emplace(*table, RowActions::Functions{.remove = [this] { removeSelected(); },
                                                    .moveUp = [this] { moveSelected(true); },
                                                    .moveDown = [this] { moveSelected(false); }});

@@ -14,7 +14,9 @@ namespace marquell::lists {
 namespace {
 
 constexpr const char* nameColumn = "name";
-constexpr double nameWidth = 200;  // points
+// Points.
+constexpr double nameWidth = 200;
+constexpr double frameWidth = 1;
 
 QString text(std::string_view utf8) {
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
@@ -37,14 +39,8 @@ void TagListTableViewController::build() {
     tableView_->setAccessibleName(
         QString::fromStdString(platform::localized("Tag Table", "accessible name")));
     tableView_->setColumns({{nameColumn, {}, nameWidth}, {"description", {}}}, false);
-    view->factory().internalAddBrick(tableView_, [](toolkit::LayoutConstraintMaker& make) {
-        using enum toolkit::LayoutAttribute;
-        make.container()
-            .pin(left, left, 1)
-            .pin(top, top, 1)
-            .pin(right, right, -1)
-            .pin(bottom, bottom, -1);
-    });
+    view->factory().internalAddBrick(
+        tableView_, [](toolkit::LayoutConstraintMaker& make) { make.fillContainer(frameWidth); });
     setView(view);
     tableView_->reloadData();
 }

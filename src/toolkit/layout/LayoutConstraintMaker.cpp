@@ -71,9 +71,10 @@ LayoutConstraintMaker& LayoutConstraintMaker::maxHeight(double c) {
     return *this;
 }
 
-LayoutConstraintMaker& LayoutConstraintMaker::fillContainer() {
-    for (const auto edge : {Attribute::top, Attribute::bottom, Attribute::left, Attribute::right}) {
-        container().pin(edge, edge, 0);
+LayoutConstraintMaker& LayoutConstraintMaker::fillContainer(double inset) {
+    for (const auto edge : {Attribute::top, Attribute::left}) container().pin(edge, edge, inset);
+    for (const auto edge : {Attribute::bottom, Attribute::right}) {
+        container().pin(edge, edge, -inset);
     }
     return *this;
 }

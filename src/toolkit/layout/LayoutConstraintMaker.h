@@ -25,7 +25,7 @@ public:
     LayoutConstraintMaker& minHeight(double c);
     LayoutConstraintMaker& maxHeight(double c);
     /// Top, bottom, left and right on those of the superview.
-    LayoutConstraintMaker& fillContainer();
+    LayoutConstraintMaker& fillContainer(double inset = 0);
     /// Priority of the last constraint: 750 and 250.
     LayoutConstraintMaker& highPriority();
     LayoutConstraintMaker& lowPriority();

@@ -20,6 +20,7 @@ using enum LayoutAttribute;
 namespace {
 
 constexpr double nameColumnWidth = 240;
+constexpr double frameWidth = 1;
 
 /// The titles of the categories, whose number is then that of their segment.
 QStringList withoutSeparators(const std::vector<std::string>& titles) {
@@ -78,13 +79,8 @@ Wall* InfoPaneViewController::createTable() {
     tableView_ = new CellTable(*this);
     tableView_->setAccessibleName(localizedText("Info Pane", "accessible name"));
     tableView_->setColumns({{"tag", QString(), nameColumnWidth}, {"value", QString()}}, false);
-    frame->factory().internalAddBrick(tableView_, [](LayoutConstraintMaker& make) {
-        make.container()
-            .pin(left, left, 1)
-            .pin(top, top, 1)
-            .pin(right, right, -1)
-            .pin(bottom, bottom, -1);
-    });
+    frame->factory().internalAddBrick(
+        tableView_, [](LayoutConstraintMaker& make) { make.fillContainer(frameWidth); });
     return frame;
 }
 
